@@ -1,0 +1,37 @@
+# What every target of the project is compiled with, as the interface target
+# `build_settings`.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+
+option(TESSELLOMATICS_SANITIZE "Build with AddressSanitizer and UBSan" OFF)
+option(TESSELLOMATICS_BENCHMARKS "Build the benchmarks" OFF)
+
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release CACHE STRING "" FORCE)
+endif()
+
+add_library(build_settings INTERFACE)
+target_include_directories(build_settings INTERFACE ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}/generated)
+target_compile_options(build_settings INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Werror
+  # One seed gives one tile everywhere: no contraction, no reassociation, and
+  # single precision stays single.
+  -ffp-contract=off -fno-fast-math
+  -fno-strict-aliasing)
+
+if(TESSELLOMATICS_SANITIZE)
+  target_compile_options(build_settings INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(build_settings INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(WIN32)
+  target_compile_definitions(build_settings INTERFACE
+    WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601)
+  # The runtime is linked statically: the library imports system DLLs alone.
+  target_link_options(build_settings INTERFACE -static)
+endif()

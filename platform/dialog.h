@@ -1,0 +1,151 @@
+// Dialogs as tables of controls by id.
+//
+// On Windows these are real windows made from the real templates. Natively they
+// are records made from the same templates, so that everything but painting and
+// the mouse runs there too: a dialog opens, its procedure gets its messages, and
+// posted commands wait in a queue. Where Windows would wait for the user, the
+// native build asks the headless user (platform/portable/headless_user.h).
+//
+// Message numbers and notification codes are those of Windows in both builds.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+struct Window;  // never defined: a dialog or a control, a HWND on Windows
+using WindowHandle = Window*;
+
+/// Messages that a dialog procedure gets. The system's own numbers.
+inline constexpr std::uint32_t kMessageDestroy = 0x0002;
+inline constexpr std::uint32_t kMessageOpen = 0x0110;     ///< `l`: the parameter of RunDialog
+inline constexpr std::uint32_t kMessageCommand = 0x0111;  ///< `w`: id, and notification << 16
+
+/// Notifications of controls, the high half of a command's `w`.
+enum class Notification : std::uint16_t {
+    Clicked = 0,           // a button, or a posted command
+    ListSelected = 1,      // a list box or combo box: the selection changes
+    ComboClosed = 8,       // a combo box: its list closes, the selection stands
+    EditChanged = 0x0300,  // an edit: its text has changed
+};
+
+constexpr int CommandId(std::uintptr_t w) {
+    return static_cast<int>(w & 0xFFFF);
+}
+constexpr Notification CommandNotification(std::uintptr_t w) {
+    return static_cast<Notification>((w >> 16) & 0xFFFF);
+}
+
+/// Handles a message of a dialog. Returns nonzero when it did.
+using DialogProcedure = std::intptr_t (*)(WindowHandle dialog, std::uint32_t message,
+                                          std::uintptr_t w, std::intptr_t l);
+
+/// Stands before a control's own handling of messages (see InstallControl).
+/// Returns the message's result; calls CallOriginal for what it passes on.
+using ControlProcedure = std::intptr_t (*)(WindowHandle control, std::uint32_t message,
+                                           std::uintptr_t w, std::intptr_t l);
+
+// --- Dialogs
+
+/// Runs the DIALOG resource `dialog_template` modally. Returns what EndDialog was
+/// given, or -1 when it could not be made.
+std::intptr_t RunDialog(int dialog_template, WindowHandle owner, DialogProcedure procedure,
+                        void* parameter);
+/// The same for a template that is known by name ("MESSAGEBOX").
+std::intptr_t RunDialog(const char* dialog_template, WindowHandle owner, DialogProcedure procedure,
+                        void* parameter);
+/// Ends the modal run of `dialog` with `result`, once its procedure has returned.
+void EndDialog(WindowHandle dialog, std::intptr_t result);
+
+/// Copies every control of the DIALOG resource `dialog_template` into `dialog`,
+/// hidden, with the ids of the template, in template order. Returns 0 when the
+/// template or a control could not be made.
+[[nodiscard]] int ClonePanel(int dialog_template, WindowHandle dialog);
+
+void SetTitle(WindowHandle dialog, const char* text);
+[[nodiscard]] std::string Title(WindowHandle dialog);
+[[nodiscard]] bool IsWindowVisible(WindowHandle window);
+void CenterOnScreen(WindowHandle dialog);
+void UpdateWindow(WindowHandle window);
+/// Queues a command (notification Clicked) for the dialog's procedure.
+void PostCommand(WindowHandle dialog, int id);
+/// Queues any message.
+void PostToWindow(WindowHandle window, std::uint32_t message, std::uintptr_t w, std::intptr_t l);
+/// Runs the window's procedure at once.
+std::intptr_t SendToWindow(WindowHandle window, std::uint32_t message, std::uintptr_t w,
+                           std::intptr_t l);
+
+// --- Controls by id. For an id that the dialog does not have, the queries return
+//     0 or empty and the rest does nothing.
+
+/// Returns the control, or null.
+[[nodiscard]] WindowHandle Control(WindowHandle dialog, int id);
+/// Returns all children of the dialog in the system's order: template order, then
+/// the clones in the order in which they were made.
+[[nodiscard]] std::vector<WindowHandle> Children(WindowHandle dialog);
+[[nodiscard]] int ControlId(WindowHandle control);
+[[nodiscard]] WindowHandle ParentDialog(WindowHandle control);
+
+[[nodiscard]] std::string ControlText(WindowHandle dialog, int id);
+/// Setting the text of an edit sends the dialog a command with EditChanged.
+void SetControlText(WindowHandle dialog, int id, std::string_view text);
+/// The edit's or button's text as a number, as the system reads it: leading
+/// blanks, a sign only where `is_signed`, then digits; 0 when it is none, or is
+/// followed by anything else, or does not fit.
+[[nodiscard]] std::uint32_t ControlNumber(WindowHandle dialog, int id, bool is_signed);
+void SetControlNumber(WindowHandle dialog, int id, std::uint32_t value, bool is_signed);
+
+[[nodiscard]] bool IsChecked(WindowHandle dialog, int id);
+void SetChecked(WindowHandle dialog, int id, bool checked);
+
+/// The selected index of a combo box or list box, -1 for none.
+[[nodiscard]] int Selection(WindowHandle dialog, int id);
+/// An index out of range clears the selection.
+void SetSelection(WindowHandle dialog, int id, int index);
+void ClearItems(WindowHandle dialog, int id);
+void AddItem(WindowHandle dialog, int id, std::string_view text);
+[[nodiscard]] int ItemCount(WindowHandle dialog, int id);
+[[nodiscard]] std::string ItemText(WindowHandle dialog, int id, int index);
+
+void SetUpDownRange(WindowHandle dialog, int id, int minimum, int maximum);
+void SetUpDownPosition(WindowHandle dialog, int id, int position);
+
+void EnableControl(WindowHandle dialog, int id, bool enabled);
+[[nodiscard]] bool IsControlEnabled(WindowHandle dialog, int id);
+void ShowControl(WindowHandle dialog, int id, bool visible);
+[[nodiscard]] bool IsControlVisible(WindowHandle dialog, int id);
+void FocusControl(WindowHandle dialog, int id);
+void RepaintControl(WindowHandle dialog, int id);
+
+// --- What a control carries
+
+/// Puts `procedure` before the control's own, with a class tag that
+/// ControlTag then returns. Requires: `tag` and `procedure` outlive the control.
+void InstallControl(WindowHandle dialog, int id, const char* tag, ControlProcedure procedure);
+/// Lets the control handle a message as if nothing were installed.
+std::intptr_t CallOriginal(WindowHandle control, std::uint32_t message, std::uintptr_t w,
+                           std::intptr_t l);
+/// The six letters that were installed, or "" for a plain control.
+[[nodiscard]] const char* ControlTag(WindowHandle control);
+/// The control's user-data slot, null at first.
+void SetUserData(WindowHandle control, void* data);
+[[nodiscard]] void* UserData(WindowHandle control);
+
+// --- Pointer shape
+
+/// Shows the wait pointer for a scope.
+class WaitCursor {
+public:
+    WaitCursor();
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+    ~WaitCursor();
+
+private:
+    void* previous_;
+};
+
+}  // namespace platform

@@ -1,0 +1,55 @@
+// Files and the two per-user folders.
+#pragma once
+
+#include <cstddef>
+#include <cstdio>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+/// The path of `name` in the maker's per-user folder, which is the folder for
+/// application data, then "Quorvenstadtholme"; cut at 260 bytes. Natively that
+/// folder is $XDG_DATA_HOME, else ~/.local/share. Empty when it cannot be found.
+/// Returns a shared buffer that the next call of either function overwrites. The
+/// folders are not created.
+[[nodiscard]] const char* UserFile(const char* name);
+/// The same in the folder "Tessellomatics 1" inside it.
+[[nodiscard]] const char* PluginFile(const char* name);
+/// Puts another folder in place of the one for application data ("" ends that).
+void SetUserFolder(std::string_view folder);
+/// Puts another folder in place of PluginFile's ("" ends that).
+void SetPluginFolder(std::string_view folder);
+
+enum class FileMode { Binary, Text };
+
+/// A file that is written whole or not at all. It is written beside its place,
+/// under another name, and takes its place in Commit; without Commit nothing is
+/// left of it and an older file stays. Text mode ends lines as the system does.
+class NewFile {
+public:
+    NewFile(std::string_view path, FileMode mode);
+    NewFile(const NewFile&) = delete;
+    NewFile& operator=(const NewFile&) = delete;
+    ~NewFile();
+
+    /// False when it could not be created.
+    explicit operator bool() const { return stream_ != nullptr; }
+    /// Owned by this.
+    [[nodiscard]] std::FILE* Stream() const { return stream_; }
+    /// Returns 0 when a write or the renaming failed; nothing is left then.
+    [[nodiscard]] int Commit();
+
+private:
+    std::string path_;
+    std::string temporary_;
+    std::FILE* stream_;
+};
+
+/// Opens a file as the C library does ("rb", "wb", "r", "w"), with a path in
+/// UTF-8 natively and in the ANSI code page on Windows. Returns null on failure.
+/// The caller closes it.
+[[nodiscard]] std::FILE* OpenFile(std::string_view path, const char* mode);
+
+}  // namespace platform

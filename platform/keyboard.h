@@ -1,0 +1,10 @@
+// The state of the keyboard's modifiers.
+#pragma once
+
+namespace platform {
+
+[[nodiscard]] bool IsShiftHeld();
+/// For tests and the headless user: what IsShiftHeld answers natively.
+void HoldShift(bool held);
+
+}  // namespace platform

@@ -1,0 +1,70 @@
+#include "platform/memory_accounting.h"
+
+#include <algorithm>
+
+namespace platform {
+
+namespace {
+
+struct Accounts {
+    MemoryUse use{};
+    std::size_t limit = 0;  // 0: the port's default
+    std::size_t failure_countdown = 0;
+    bool fail_all_later = false;
+};
+Accounts accounts;
+
+/// True when a test wants this allocation to fail.
+bool IsToFail() {
+    if (accounts.failure_countdown == 0) return false;
+    if (accounts.failure_countdown > 1) {
+        --accounts.failure_countdown;
+        return false;
+    }
+    if (!accounts.fail_all_later) accounts.failure_countdown = 0;
+    return true;
+}
+
+}  // namespace
+
+bool MayAllocate(std::size_t old_bytes, std::size_t new_bytes, std::size_t default_limit) {
+    ++accounts.use.allocations;
+    if (IsToFail()) return false;
+    const std::size_t limit = accounts.limit != 0 ? accounts.limit : default_limit;
+    const std::size_t others = accounts.use.live_bytes - old_bytes;
+    return others <= limit && new_bytes <= limit - others;
+}
+
+void NoteAllocated(std::size_t bytes) {
+    ++accounts.use.live_blocks;
+    NoteResized(0, bytes);
+}
+
+void NoteResized(std::size_t old_bytes, std::size_t new_bytes) {
+    accounts.use.live_bytes += new_bytes - old_bytes;
+    accounts.use.peak_bytes = std::max(accounts.use.peak_bytes, accounts.use.live_bytes);
+}
+
+void NoteFreed(std::size_t bytes) {
+    --accounts.use.live_blocks;
+    accounts.use.live_bytes -= bytes;
+}
+
+MemoryUse CurrentMemoryUse() {
+    return accounts.use;
+}
+
+void ResetPeakMemory() {
+    accounts.use.peak_bytes = accounts.use.live_bytes;
+}
+
+void SetMemoryLimit(std::size_t bytes) {
+    accounts.limit = bytes;
+}
+
+void FailAllocation(std::size_t countdown, bool and_all_later) {
+    accounts.failure_countdown = countdown;
+    accounts.fail_all_later = and_all_later;
+}
+
+}  // namespace platform

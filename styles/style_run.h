@@ -1,0 +1,56 @@
+// The steps that every style's Test and Build have in common. A style gives its
+// state record and three steps:
+//
+//   struct State;                                      zero-filled before Setup
+//   bool Setup(StyleContext& context, State& state);   reads the panel, seeds
+//   ImageHandle Render(StyleContext& context, State& state, int frame);
+//   int FrameCount(const StyleContext& context, const State& state);
+//
+// and gets its two slots as TestStyle<...> and BuildStyle<...>. State is cleaned
+// up by its own destructor.
+#pragma once
+
+#include "controls/spinner.h"
+#include "pipeline/image_buffers.h"
+#include "shell/style_table.h"
+
+namespace tess {
+
+inline constexpr int kDelayControl = 11;  ///< the main dialog's frame delay
+
+/// The Test slot: renders frame 0 into context->Result. `Flags` are set first.
+template <class State, bool (*Setup)(StyleContext&, State&),
+          ImageHandle (*Render)(StyleContext&, State&, int), std::uint32_t Flags = 0>
+int TestStyle(StyleContext* context) {
+    State state{};
+    context->State = &state;
+    context->Flags |= Flags;
+    if (Setup(*context, state)) context->Result = Render(*context, state, 0);
+    context->State = nullptr;
+    return context->Result != nullptr ? 1 : 0;
+}
+
+/// The Build slot: renders every frame in order into context->Frames.
+template <class State, bool (*Setup)(StyleContext&, State&),
+          ImageHandle (*Render)(StyleContext&, State&, int),
+          int (*FrameCount)(const StyleContext&, const State&)>
+int BuildStyle(StyleContext* context) {
+    const auto delay = static_cast<std::uint32_t>(GetSpinnerValue(context->Dialog, kDelayControl));
+    State state{};
+    context->State = &state;
+    bool built = Setup(*context, state);
+    const int count = built ? FrameCount(*context, state) : 0;
+    for (int frame = 0; built && frame < count; ++frame) {
+        const FrameRecord record{Render(*context, state, frame), nullptr, delay, -1};
+        built = record.Image != nullptr && FrameListAdd(context->Frames, &record) != 0;
+        if (!built) {
+            platform::FreeBlock(record.Image);
+        } else {
+            CallHost(context->Host, nullptr, HostOp::Progress, frame, std::int64_t{count});
+        }
+    }
+    context->State = nullptr;
+    return built ? 1 : 0;
+}
+
+}  // namespace tess
