@@ -23,11 +23,12 @@ inline void PaintSpan(const Surface& surface, int y, int first, int end, Color c
         std::memset(pixel, red, count * 3);
         return;
     }
-    for (std::size_t i = 0; i < count; ++i, pixel += 3) {
-        pixel[0] = blue;
-        pixel[1] = green;
-        pixel[2] = red;
-    }
+    const std::uint8_t four[12] = {blue, green, red, blue, green, red,
+                                   blue, green, red, blue, green, red};
+    std::size_t left = count;
+    for (; left >= 4; left -= 4, pixel += sizeof four)
+        std::memcpy(pixel, four, sizeof four);
+    std::memcpy(pixel, four, left * 3);
 }
 
 /// The same for a span that may lie partly or wholly outside the surface, or run
@@ -39,6 +40,21 @@ inline void PaintClippedSpan(const Surface& surface, std::int64_t y, std::int64_
     if (end > surface.width) end = surface.width;
     if (first >= end) return;
     PaintSpan(surface, static_cast<int>(y), static_cast<int>(first), static_cast<int>(end), color);
+}
+
+/// Paints rows `top` up to `bottom` of the columns `left` up to `right`, as far as
+/// they are on the surface.
+inline void PaintClippedBox(const Surface& surface, std::int64_t left, std::int64_t top,
+                            std::int64_t right, std::int64_t bottom, Color color) {
+    if (top < 0) top = 0;
+    if (bottom > surface.height) bottom = surface.height;
+    for (std::int64_t y = top; y < bottom; ++y)
+        PaintClippedSpan(surface, y, left, right, color);
+}
+
+/// Requires: the pixel is on the surface.
+inline void PaintPixel(const Surface& surface, int x, int y, Color color) {
+    PaintSpan(surface, y, x, x + 1, color);
 }
 
 }  // namespace raster
