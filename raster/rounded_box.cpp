@@ -88,7 +88,7 @@ void OutlineWalked(const Painter& painter, const LongBox& box, const CornerAxes&
     painter.Box({box.right - 1, middle.upper, box.right, middle.lower + 1});
     RowPair rows = middle;
     std::int64_t inset = 0;
-    for (; !arc.IsPastMiddle(); arc.Advance()) {
+    for (; arc.Inset() < (axes.width + 1) / 2; arc.Advance()) {
         rows = RowsOf(box, axes, arc.Row());
         inset = arc.Inset();
         for (const std::int64_t y : {rows.upper, rows.lower}) {
