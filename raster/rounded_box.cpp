@@ -48,17 +48,6 @@ private:
     bool transposed_;
 };
 
-/// True when the walk reaches the last row. Only ellipses far taller than wide,
-/// whose walks are looked at here, can fail to.
-bool WalkReachesLastRow(const CornerAxes& axes) {
-    const std::int64_t a = axes.width - 1;
-    if (axes.height <= a * a) return true;
-    int row = 0;
-    for (QuarterArc arc(axes.width, axes.height); !arc.IsPastMiddle(); arc.Advance())
-        row = arc.Row();
-    return row >= axes.height - 1;
-}
-
 /// The rows of the box that stand for row `arc_row` of the corners' ellipse.
 struct RowPair {
     std::int64_t upper, lower;
@@ -155,7 +144,7 @@ void Paint(const Surface& surface, const Rect& box, CornerAxes axes, Color color
         PaintComputed(surface, placed, axes, color, outline);
         return;
     }
-    const bool transposed = !WalkReachesLastRow(axes);
+    const bool transposed = !WalkReachesLastRow(axes.width, axes.height);
     if (transposed) {
         placed = {box.top, box.left, box.bottom, box.right};
         std::swap(axes.width, axes.height);
