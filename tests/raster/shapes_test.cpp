@@ -211,12 +211,12 @@ TEST(RoundRect, PenOfOnePixelIsItsRim) {
     TestCanvas canvas(9, 6);
     RoundRect(canvas.WithPenAndBrush(), 0, 0, 9, 6, 5, 5);
     EXPECT_EQ(canvas.Art(),
-              "..#####..\n"
-              ".#ooooo#.\n"
+              ".#######.\n"
               "#ooooooo#\n"
               "#ooooooo#\n"
-              ".#ooooo#.\n"
-              "..#####..\n");
+              "#ooooooo#\n"
+              "#ooooooo#\n"
+              ".#######.\n");
 }
 
 constexpr Point kStar[] = {{5, 0}, {8, 10}, {0, 4}, {10, 4}, {2, 10}};
