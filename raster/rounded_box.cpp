@@ -98,15 +98,21 @@ public:
     [[nodiscard]] std::int64_t At(std::int64_t y) const {
         const std::int64_t from_edge = std::min(y - box_.top, box_.bottom - 1 - y);
         if (from_edge < 0) return axes_.width / 2;
-        const double half_height = (axes_.height - 1) / 2.0;
-        const double half_width = (axes_.width - 1) / 2.0;
-        const double up = half_height - static_cast<double>(from_edge);
-        if (up <= 0) return 0;
-        const double part = up / half_height;
-        return static_cast<std::int64_t>(half_width * (1 - std::sqrt(1 - part * part)) + 0.5);
+        const double up = (axes_.height - 1) / 2.0 - static_cast<double>(from_edge);
+        if (up <= 0.5) return 0;
+        // Where the curve is steep its row has the nearest pixel; where it is flat,
+        // all pixels that are nearer to it than those of the row further in.
+        return static_cast<std::int64_t>(
+            std::min(std::floor(Exact(up) + 0.5), std::ceil(Exact(up - 0.5))));
     }
 
 private:
+    /// The inset of the curve itself, `up` rows above the middle.
+    [[nodiscard]] double Exact(double up) const {
+        const double part = up / ((axes_.height - 1) / 2.0);
+        return (axes_.width - 1) / 2.0 * (1 - std::sqrt(1 - part * part));
+    }
+
     LongBox box_;
     CornerAxes axes_;
 };
