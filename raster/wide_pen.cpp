@@ -132,8 +132,8 @@ private:
     platform::WorkArray<std::uint64_t> bits_;
 };
 
-/// The pen's disc, walked anew for every point: its rows are symmetric about the
-/// middle, and a walk costs no more than the rows it covers.
+/// The pen's disc, walked anew for every point: a walk costs about as much as the
+/// rows that it covers. They are symmetric about the middle.
 void AddDisc(Coverage& coverage, const Point& center, int width) {
     const Rect& box = coverage.Box();
     const std::int64_t left = std::int64_t{center.x} - width / 2;
