@@ -6,7 +6,7 @@
 namespace platform {
 
 void ShowPage(const char* path) {
-    ShellExecuteA(nullptr, "open", path, nullptr, nullptr, SW_SHOWMAXIMIZED);
+    ShellExecuteA(nullptr, nullptr, path, nullptr, "", SW_SHOWMAXIMIZED);
 }
 
 }  // namespace platform
