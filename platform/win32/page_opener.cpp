@@ -1,7 +1,7 @@
 #include "platform/page_opener.h"
 
-#include <shellapi.h>
 #include <windows.h>
+#include <shellapi.h>
 
 namespace platform {
 
