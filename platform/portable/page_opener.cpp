@@ -14,8 +14,9 @@ namespace {
 [[noreturn]] void RunOpener(const char* path) {
     setsid();
     const int nowhere = open("/dev/null", O_RDWR);
-    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
-        dup2(nowhere, stream);
+    dup2(nowhere, STDIN_FILENO);
+    dup2(nowhere, STDOUT_FILENO);
+    dup2(nowhere, STDERR_FILENO);
     execlp("xdg-open", "xdg-open", path, nullptr);
     _exit(1);
 }

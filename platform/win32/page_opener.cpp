@@ -1,12 +1,12 @@
 #include "platform/page_opener.h"
 
-#include <shellapi.h>
 #include <windows.h>
+#include <shellapi.h>
 
 namespace platform {
 
 void ShowPage(const char* path) {
-    ShellExecuteA(nullptr, "open", path, nullptr, nullptr, SW_SHOWMAXIMIZED);
+    ShellExecuteA(nullptr, nullptr, path, nullptr, "", SW_SHOWMAXIMIZED);
 }
 
 }  // namespace platform
