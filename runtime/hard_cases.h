@@ -9,9 +9,9 @@
 // Muller ("Worst cases for correct rounding of the elementary functions in
 // double precision") found none closer than about 2^-120 of the result in the
 // ranges that could be searched. A power can be a middle exactly, as 3^34 is; one
-// that comes within 2^-340 of a middle is taken to be it. That nothing else comes
+// that comes within 2^-348 of a middle is taken to be it. That nothing else comes
 // so close is not proven, but over all pairs of arguments the expected number of
-// such powers is below 2^-200.
+// such powers is below 2^-160.
 #pragma once
 
 namespace runtime {

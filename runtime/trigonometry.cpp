@@ -1,6 +1,6 @@
 // Sine, cosine and arc tangent. Each is first worked out in double-double
 // arithmetic with a known bound of its error; where the bound leaves open which
-// double is nearest (about once in ten thousand calls) the wide arithmetic of
+// double is nearest (about once in five thousand calls) the wide arithmetic of
 // runtime/hard_cases.h decides (A. Ziv, "Fast evaluation of elementary
 // mathematical functions with correctly rounded last bit", 1991).
 #include <cstdint>

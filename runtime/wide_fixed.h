@@ -1,7 +1,7 @@
 // Unsigned fixed-point numbers of 64 integer and 448 fraction bits, for the few
 // arguments that double-double arithmetic cannot decide. Signs are the caller's.
 // Results are truncated, so each operation errs by less than a few units of the
-// last of the 448 bits. Nothing here saves time: it is used about once in ten
+// last of the 448 bits. Nothing here saves time: it is used about once in five
 // thousand calls.
 #pragma once
 
