@@ -89,6 +89,8 @@ std::intptr_t SendToWindow(WindowHandle window, std::uint32_t message, std::uint
 /// the clones in the order in which they were made.
 [[nodiscard]] std::vector<WindowHandle> Children(WindowHandle dialog);
 [[nodiscard]] int ControlId(WindowHandle control);
+/// The window class in capitals: "EDIT", "BUTTON", "COMBOBOX", "LISTBOX", ...
+[[nodiscard]] std::string ControlClass(WindowHandle control);
 [[nodiscard]] WindowHandle ParentDialog(WindowHandle control);
 
 [[nodiscard]] std::string ControlText(WindowHandle dialog, int id);
