@@ -183,6 +183,28 @@ int ControlId(WindowHandle control) {
     return control == nullptr ? 0 : control->id;
 }
 
+std::string ControlClass(WindowHandle control) {
+    if (control == nullptr) return "";
+    switch (control->kind) {
+        case WindowKind::Button:
+            return "BUTTON";
+        case WindowKind::Edit:
+            return "EDIT";
+        case WindowKind::Static:
+            return "STATIC";
+        case WindowKind::ComboBox:
+            return "COMBOBOX";
+        case WindowKind::ListBox:
+            return "LISTBOX";
+        case WindowKind::UpDown:
+            return "MSCTLS_UPDOWN32";
+        case WindowKind::Dialog:
+        case WindowKind::Other:
+            return "";
+    }
+    return "";
+}
+
 WindowHandle ParentDialog(WindowHandle control) {
     return control == nullptr ? nullptr : control->parent;
 }

@@ -4,6 +4,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <initializer_list>
+
 namespace platform {
 
 namespace {
