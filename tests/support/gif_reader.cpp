@@ -221,7 +221,8 @@ GifFile ReadBlocks(Input& input) {
         }
         Require(block == 0x21, "an unknown block");
         const std::uint8_t label = input.Byte();
-        Require(!frame.has_value(), "an extension between a Graphic Control Extension and its image");
+        Require(!frame.has_value(),
+                "an extension between a Graphic Control Extension and its image");
         if (label == 0xFF) {
             ReadLoop(input, &gif);
         } else {
