@@ -278,9 +278,9 @@ Rect StrokeBox(const Surface& surface, std::span<const Point> points, int width,
     Point least = Clamped(points[0]);
     Point greatest = least;
     for (const Point& point : points) {
-        const Point near = Clamped(point);
-        least = {std::min(least.x, near.x), std::min(least.y, near.y)};
-        greatest = {std::max(greatest.x, near.x), std::max(greatest.y, near.y)};
+        const Point placed = Clamped(point);
+        least = {std::min(least.x, placed.x), std::min(least.y, placed.y)};
+        greatest = {std::max(greatest.x, placed.x), std::max(greatest.y, placed.y)};
     }
     const int reach = width / 2 + 2;
     Point end{surface.width, surface.height};
