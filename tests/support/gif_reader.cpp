@@ -161,8 +161,11 @@ void ReadImageData(Input& input, std::size_t pixels, GifFrame* frame) {
     frame->indexes = LzwDecoder(frame->minimum_code_size, std::move(bytes)).Decode(pixels);
 }
 
-void ReadScreen(Input& input, GifFile* gif) {
-    Require(std::memcmp(input.Take(6).data(), "GIF89a", 6) == 0, "no GIF89a header");
+void ReadScreen(Input& input, GifVersion version, GifFile* gif) {
+    const auto header = input.Take(6);
+    Require(std::memcmp(header.data(), "GIF89a", 6) == 0 ||
+                (version == GifVersion::Any && std::memcmp(header.data(), "GIF87a", 6) == 0),
+            "no GIF89a header");
     gif->width = input.Word();
     gif->height = input.Word();
     gif->packed = input.Byte();
@@ -205,14 +208,15 @@ void ReadImage(Input& input, const GifFile& gif, GifFrame* frame) {
             "an index beyond the table");
 }
 
-GifFile ReadBlocks(Input& input) {
+GifFile ReadBlocks(Input& input, GifVersion version) {
     GifFile gif;
-    ReadScreen(input, &gif);
+    ReadScreen(input, version, &gif);
     std::optional<GifFrame> frame;
     for (;;) {
         const std::uint8_t block = input.Byte();
         if (block == 0x3B) break;
         if (block == 0x2C) {
+            if (version == GifVersion::Any && !frame.has_value()) frame.emplace();
             Require(frame.has_value(), "an image without a Graphic Control Extension");
             ReadImage(input, gif, &*frame);
             gif.frames.push_back(std::move(*frame));
@@ -237,10 +241,11 @@ GifFile ReadBlocks(Input& input) {
 
 }  // namespace
 
-std::optional<GifFile> ReadGif(std::span<const std::uint8_t> bytes, std::string* error) {
+std::optional<GifFile> ReadGif(std::span<const std::uint8_t> bytes, std::string* error,
+                               GifVersion version) {
     try {
         Input input(bytes);
-        return ReadBlocks(input);
+        return ReadBlocks(input, version);
     } catch (const Refusal& refusal) {
         if (error != nullptr) *error = refusal.reason;
         return std::nullopt;

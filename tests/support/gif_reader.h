@@ -32,9 +32,14 @@ struct GifFile {
     std::vector<GifFrame> frames;
 };
 
+/// Any takes GIF87a, too, and images without a Graphic Control Extension: what other
+/// programs make of the Preview's file.
+enum class GifVersion { Gif89a, Any };
+
 /// Returns the file, or nothing, with the reason in `error` (may be null).
 [[nodiscard]] std::optional<GifFile> ReadGif(std::span<const std::uint8_t> bytes,
-                                             std::string* error = nullptr);
+                                             std::string* error = nullptr,
+                                             GifVersion version = GifVersion::Gif89a);
 
 /// Decodes Table Based Image Data: minimum code size, sub-blocks, terminator, all of
 /// `bytes`, to exactly `pixels` indexes. Fills the last three fields of `frame`.
