@@ -1,0 +1,51 @@
+#include "platform/file_system.h"
+
+#include <windows.h>
+#include <shlobj.h>
+
+#include "platform/files.h"
+
+namespace platform {
+
+const char kPathSeparator = '\\';
+
+namespace {
+
+/// One of the shell's folders by its CSIDL number, empty when it cannot be found.
+std::string SpecialFolder(int folder) {
+    LPITEMIDLIST item = nullptr;
+    if (FAILED(SHGetSpecialFolderLocation(nullptr, folder, &item))) return "";
+    char path[MAX_PATH] = "";
+    const BOOL is_found = SHGetPathFromIDListA(item, path);
+    CoTaskMemFree(item);
+    return is_found ? path : "";
+}
+
+}  // namespace
+
+std::string ApplicationDataFolder() {
+    return SpecialFolder(CSIDL_APPDATA);
+}
+
+std::string DocumentsFolder() {
+    const std::string folder = SpecialFolder(CSIDL_PERSONAL);
+    return folder.empty() ? folder : folder + kPathSeparator;
+}
+
+std::FILE* OpenStream(const char* path, const char* mode) {
+    return std::fopen(path, mode);
+}
+
+int TakePlaceOf(const char* from, const char* to) {
+    return MoveFileExA(from, to, MOVEFILE_REPLACE_EXISTING) ? 1 : 0;
+}
+
+void RemoveFile(const char* path) {
+    DeleteFileA(path);
+}
+
+unsigned long ProcessNumber() {
+    return GetCurrentProcessId();
+}
+
+}  // namespace platform
