@@ -1,8 +1,7 @@
 #include "platform/file_system.h"
 
-#include <unistd.h>
-
 #include <cstdlib>
+#include <unistd.h>
 
 #include "platform/files.h"
 
