@@ -89,7 +89,7 @@ TEST(WrapStampMask, AnOpacityOfOneIsCutToNothingBelowFullMask) {
     EXPECT_EQ(StampedPixel(100, 255, 0x000000, 1), 0x636363U);
 }
 
-TEST(WrapStampMask, EveryMaskLevelAndOpacityGivesTheToldWeight) {
+TEST(WrapStampMask, EveryMaskLevelAndOpacityGivesItsWeight) {
     for (int opacity = 0; opacity <= 255; ++opacity) {
         const OwnedBlock tile(FlatPicture(256, 1, 24, 201));
         const OwnedBlock mask(FlatPicture(256, 1, 24, 0));
