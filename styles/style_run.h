@@ -12,6 +12,7 @@
 
 #include "controls/spinner.h"
 #include "pipeline/image_buffers.h"
+#include "platform/memory.h"
 #include "shell/style_table.h"
 
 namespace tess {
@@ -30,6 +31,12 @@ int TestStyle(StyleContext* context) {
     return context->Result != nullptr ? 1 : 0;
 }
 
+/// All frames of a run are as large as its first: when the rest cannot fit into
+/// memory, a Build fails at once and not after minutes.
+[[nodiscard]] inline bool HasMemoryForFrames(ImageHandle first, int count) {
+    return platform::HasMemoryFor(platform::BlockSize(first) * static_cast<std::size_t>(count));
+}
+
 /// The Build slot: renders every frame in order into context->Frames.
 template <class State, bool (*Setup)(StyleContext&, State&),
           ImageHandle (*Render)(StyleContext&, State&, int),
@@ -42,7 +49,9 @@ int BuildStyle(StyleContext* context) {
     const int count = built ? FrameCount(*context, state) : 0;
     for (int frame = 0; built && frame < count; ++frame) {
         const FrameRecord record{Render(*context, state, frame), nullptr, delay, -1};
-        built = record.Image != nullptr && FrameListAdd(context->Frames, &record) != 0;
+        built = record.Image != nullptr &&
+                (frame > 0 || HasMemoryForFrames(record.Image, count - 1)) &&
+                FrameListAdd(context->Frames, &record) != 0;
         if (!built) {
             platform::FreeBlock(record.Image);
         } else {
