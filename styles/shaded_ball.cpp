@@ -93,7 +93,7 @@ bool FillForm(SpriteForm* form, const raster::Rect& rectangle, DrawRing draw_rin
 
 /// Colours the rings of a form.
 ImageHandle RenderSprite(const SpriteForm& form, const ShadedColors& colors, RingAngle angle) {
-    // Sizes end at 36, which is 96 rings.
+    // A red byte is enough for the numbers: 95 pixels a side make 253 rings.
     ColorWord ring_colors[256] = {colors.Background};
     for (int i = 0; i < form.RingCount; ++i) {
         ring_colors[i + 1] = RingColor(colors, RingWeight(i, form.RingCount, angle));

@@ -36,8 +36,8 @@ struct SpriteForm {
 };
 
 /// A ball that fills the rectangle, as a 32-bit picture of its size, or null. The
-/// caller owns it. Requires: the rectangle starts at (0, 0), and `form` has served
-/// no other rectangle.
+/// caller owns it. Requires: the rectangle starts at (0, 0), its shorter side is at most
+/// 95, and `form` has served no other rectangle.
 [[nodiscard]] ImageHandle RenderShadedBall(const ShadedColors& colors,
                                            const raster::Rect& rectangle, RingAngle angle,
                                            SpriteForm* form);
