@@ -4,7 +4,7 @@
 // are records made from the same templates, so that everything but painting and
 // the mouse runs there too: a dialog opens, its procedure gets its messages, and
 // posted commands wait in a queue. Where Windows would wait for the user, the
-// native build asks the headless user (platform/portable/headless_user.h).
+// native build asks the headless user (platform/headless_user.h).
 //
 // Message numbers and notification codes are those of Windows in both builds.
 #pragma once
@@ -67,6 +67,8 @@ void EndDialog(WindowHandle dialog, std::intptr_t result);
 
 void SetTitle(WindowHandle dialog, const char* text);
 [[nodiscard]] std::string Title(WindowHandle dialog);
+/// True for a dialog once it is shown, which is after its kMessageOpen, and for a
+/// control that is shown in such a dialog.
 [[nodiscard]] bool IsWindowVisible(WindowHandle window);
 void CenterOnScreen(WindowHandle dialog);
 void UpdateWindow(WindowHandle window);
@@ -87,6 +89,8 @@ std::intptr_t SendToWindow(WindowHandle window, std::uint32_t message, std::uint
 /// the clones in the order in which they were made.
 [[nodiscard]] std::vector<WindowHandle> Children(WindowHandle dialog);
 [[nodiscard]] int ControlId(WindowHandle control);
+/// The window class in capitals: "EDIT", "BUTTON", "COMBOBOX", "LISTBOX", ...
+[[nodiscard]] std::string ControlClass(WindowHandle control);
 [[nodiscard]] WindowHandle ParentDialog(WindowHandle control);
 
 [[nodiscard]] std::string ControlText(WindowHandle dialog, int id);
@@ -116,6 +120,7 @@ void SetUpDownPosition(WindowHandle dialog, int id, int position);
 void EnableControl(WindowHandle dialog, int id, bool enabled);
 [[nodiscard]] bool IsControlEnabled(WindowHandle dialog, int id);
 void ShowControl(WindowHandle dialog, int id, bool visible);
+/// Whether the control itself is shown, be its dialog shown yet or not.
 [[nodiscard]] bool IsControlVisible(WindowHandle dialog, int id);
 void FocusControl(WindowHandle dialog, int id);
 void RepaintControl(WindowHandle dialog, int id);

@@ -22,6 +22,10 @@ void SetUserFolder(std::string_view folder);
 /// Puts another folder in place of PluginFile's ("" ends that).
 void SetPluginFolder(std::string_view folder);
 
+/// The user's folder for documents with a trailing separator; empty when it cannot
+/// be found.
+[[nodiscard]] std::string DocumentsFolder();
+
 enum class FileMode { Binary, Text };
 
 /// A file that is written whole or not at all. It is written beside its place,

@@ -21,10 +21,13 @@ void SetHeadlessUser(UserProcedure user, void* context);
 /// The template that the dialog was made from: its number as text, or its name.
 [[nodiscard]] std::string_view TemplateOf(WindowHandle dialog);
 
-// What a user does to a control; each notifies the dialog as the real thing.
+/// How often RepaintControl has been called for the control.
+[[nodiscard]] int RepaintCount(WindowHandle dialog, int id);
 
-/// Presses a button; a check box changes its state first. A disabled or hidden
-/// control does nothing.
+// What a user does to a control; each notifies the dialog as the real thing, and
+// does nothing to a disabled or hidden control.
+
+/// Presses a button; a check box changes its state first.
 void ClickControl(WindowHandle dialog, int id);
 /// Picks an item of a combo box (and closes its list) or of a list box.
 void ChooseItem(WindowHandle dialog, int id, int index);

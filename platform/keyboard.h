@@ -4,7 +4,8 @@
 namespace platform {
 
 [[nodiscard]] bool IsShiftHeld();
-/// For tests and the headless user: what IsShiftHeld answers natively.
+/// For tests and the headless user: what IsShiftHeld answers natively; on Windows
+/// the key itself counts besides.
 void HoldShift(bool held);
 
 }  // namespace platform

@@ -1,5 +1,5 @@
 // What controls have in common: class tags, message numbers, texts and messages
-// to the user. Implemented in shell/control_binding.cpp and shell/messages.cpp.
+// to the user. The two functions are implemented in shell/messages.cpp.
 #pragma once
 
 #include <cstdint>

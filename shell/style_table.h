@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <span>
+#include <vector>
 
 #include "pipeline/image_buffers.h"
 #include "platform/dialog.h"
@@ -81,6 +82,6 @@ int PanelInit(const StyleEntry& style, StyleContext* context);
                                         std::uint32_t mode);
 
 /// Every control id of the style's panel in template order, companions included.
-[[nodiscard]] std::span<const int> ControlList(const StyleEntry& style);
+[[nodiscard]] std::vector<int> ControlList(const StyleEntry& style);
 
 }  // namespace tess

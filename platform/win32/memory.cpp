@@ -1,7 +1,7 @@
 #include "platform/memory.h"
 
-#include <limits>
 #include <windows.h>
+#include <limits>
 
 #include "platform/memory_accounting.h"
 

@@ -1,0 +1,46 @@
+#include "controls/control_line.h"
+
+#include <cctype>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+
+namespace tess {
+
+namespace {
+
+constexpr std::size_t kTagLength = 6;
+
+bool BeginsWithTag(const char* line, const char* tag) {
+    for (std::size_t i = 0; i < kTagLength; ++i) {
+        // A line that ends early differs here from the tag's letter.
+        if (std::toupper(static_cast<unsigned char>(line[i])) !=
+            std::toupper(static_cast<unsigned char>(tag[i]))) {
+            return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace
+
+const char* FindLineValue(const char* line, const char* tag) {
+    if (!BeginsWithTag(line, tag)) return nullptr;
+    const char* value = std::strchr(line, '=');
+    if (value == nullptr) return nullptr;
+    return value + std::strspn(value, "= ");
+}
+
+int FindLineId(const char* line) {
+    return std::strlen(line) < kTagLength ? 0 : ReadNumber(line + kTagLength);
+}
+
+std::int32_t ReadNumber(const char* text) {
+    const long long value = std::strtoll(text, nullptr, 10);
+    using Limits = std::numeric_limits<std::int32_t>;
+    if (value < Limits::min()) return Limits::min();
+    if (value > Limits::max()) return Limits::max();
+    return static_cast<std::int32_t>(value);
+}
+
+}  // namespace tess

@@ -1,0 +1,27 @@
+// What the two ports of platform/files.h do differently.
+#pragma once
+
+#include <cstdio>
+#include <string>
+
+namespace platform {
+
+/// What joins a folder and a name.
+extern const char kPathSeparator;
+
+/// The user's folder for application data, empty when it cannot be found.
+[[nodiscard]] std::string ApplicationDataFolder();
+
+/// Opens a file as `fopen` does.
+[[nodiscard]] std::FILE* OpenStream(const char* path, const char* mode);
+
+/// Puts `from` in the place of `to`, which may exist. Returns 0 on failure, and
+/// then both stay as they are.
+[[nodiscard]] int TakePlaceOf(const char* from, const char* to);
+
+void RemoveFile(const char* path);
+
+/// A number that no other running process has.
+[[nodiscard]] unsigned long ProcessNumber();
+
+}  // namespace platform

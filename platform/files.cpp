@@ -1,0 +1,97 @@
+#include "platform/files.h"
+
+#include <cstring>
+#include <utility>
+
+#include "platform/file_system.h"
+
+namespace platform {
+
+namespace {
+
+constexpr std::size_t kLongestPath = 260;  // bytes
+constexpr char kMaker[] = "Quorvenstadtholme";
+constexpr char kPlugin[] = "Tessellomatics 1";
+
+std::string user_folder;    // in place of the folder for application data
+std::string plugin_folder;  // in place of PluginFile's
+char shared_path[kLongestPath + 1];
+
+/// Adds a step to a path, and cuts what is too long.
+void Join(std::string* path, std::string_view name) {
+    if (!path->empty() && path->back() != kPathSeparator) *path += kPathSeparator;
+    *path += name;
+    if (path->size() > kLongestPath) path->resize(kLongestPath);
+}
+
+std::string MakerFolder() {
+    std::string folder = user_folder.empty() ? ApplicationDataFolder() : user_folder;
+    if (!folder.empty()) Join(&folder, kMaker);
+    return folder;
+}
+
+/// Returns the path of `name` in `folder` in the shared buffer.
+const char* SharedPath(std::string folder, const char* name) {
+    if (!folder.empty()) Join(&folder, name);
+    std::memcpy(shared_path, folder.c_str(), folder.size() + 1);
+    return shared_path;
+}
+
+/// Each new file's temporary name is its own, so that two of the same path do not
+/// write into one another.
+std::string TemporaryPath(const std::string& path) {
+    static unsigned count = 0;
+    return path + "." + std::to_string(ProcessNumber()) + "-" + std::to_string(++count) + ".new";
+}
+
+}  // namespace
+
+const char* UserFile(const char* name) {
+    return SharedPath(MakerFolder(), name);
+}
+
+const char* PluginFile(const char* name) {
+    std::string folder = plugin_folder;
+    if (folder.empty()) {
+        folder = MakerFolder();
+        if (!folder.empty()) Join(&folder, kPlugin);
+    }
+    return SharedPath(std::move(folder), name);
+}
+
+void SetUserFolder(std::string_view folder) {
+    user_folder = folder;
+}
+
+void SetPluginFolder(std::string_view folder) {
+    plugin_folder = folder;
+}
+
+NewFile::NewFile(std::string_view path, FileMode mode)
+    : path_(path),
+      temporary_(TemporaryPath(path_)),
+      stream_(path_.empty() ? nullptr
+                            : OpenStream(temporary_.c_str(), mode == FileMode::Text ? "w" : "wb")) {
+}
+
+NewFile::~NewFile() {
+    if (stream_ == nullptr) return;
+    std::fclose(stream_);
+    RemoveFile(temporary_.c_str());
+}
+
+int NewFile::Commit() {
+    std::FILE* stream = std::exchange(stream_, nullptr);
+    if (stream == nullptr) return 0;
+    const bool is_whole = std::ferror(stream) == 0;
+    const bool is_closed = std::fclose(stream) == 0;  // flushes, so it can fail as a write does
+    if (is_whole && is_closed && TakePlaceOf(temporary_.c_str(), path_.c_str()) != 0) return 1;
+    RemoveFile(temporary_.c_str());
+    return 0;
+}
+
+std::FILE* OpenFile(std::string_view path, const char* mode) {
+    return OpenStream(std::string(path).c_str(), mode);
+}
+
+}  // namespace platform

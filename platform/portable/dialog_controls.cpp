@@ -1,0 +1,180 @@
+// What a control of the native build shows and carries.
+
+#include <algorithm>
+
+#include "platform/control_number.h"
+#include "platform/dialog.h"
+#include "platform/portable/window_record.h"
+
+namespace platform {
+
+namespace {
+
+constexpr int kStyleSetBuddyNumber = 0x0002;  // UDS_SETBUDDYINT
+constexpr int kStyleAutoBuddy = 0x0010;       // UDS_AUTOBUDDY
+
+bool IsList(const Window* window) {
+    return window != nullptr &&
+           (window->kind == WindowKind::ComboBox || window->kind == WindowKind::ListBox);
+}
+
+bool IsIndex(const Window* window, int index) {
+    return IsList(window) && index >= 0 && index < static_cast<int>(window->items.size());
+}
+
+void SetWindowText(Window* window, std::string_view text) {
+    // A combo box with a fixed list shows what is selected and nothing else.
+    if (window->kind == WindowKind::ComboBox) return;
+    window->text = text;
+    if (window->kind == WindowKind::Edit) Notify(window, Notification::EditChanged);
+}
+
+/// The control that an up-down counts in: the one made just before it.
+Window* BuddyOf(const Window* up_down) {
+    const auto& siblings = up_down->parent->children;
+    for (std::size_t i = 1; i < siblings.size(); ++i) {
+        if (siblings[i].get() == up_down) return siblings[i - 1].get();
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+void Notify(Window* control, Notification notification) {
+    const auto code = static_cast<std::uintptr_t>(notification);
+    SendToWindow(control->parent, kMessageCommand,
+                 (static_cast<std::uintptr_t>(control->id) & 0xFFFF) | code << 16,
+                 reinterpret_cast<std::intptr_t>(control));
+}
+
+std::string ControlText(WindowHandle dialog, int id) {
+    const Window* control = Control(dialog, id);
+    if (control == nullptr) return "";
+    return IsIndex(control, control->selection) && control->kind == WindowKind::ComboBox
+               ? control->items[static_cast<std::size_t>(control->selection)]
+               : control->text;
+}
+
+void SetControlText(WindowHandle dialog, int id, std::string_view text) {
+    if (Window* control = Control(dialog, id)) SetWindowText(control, text);
+}
+
+std::uint32_t ControlNumber(WindowHandle dialog, int id, bool is_signed) {
+    return NumberFromText(ControlText(dialog, id), is_signed);
+}
+
+void SetControlNumber(WindowHandle dialog, int id, std::uint32_t value, bool is_signed) {
+    SetControlText(
+        dialog, id,
+        is_signed ? std::to_string(static_cast<std::int32_t>(value)) : std::to_string(value));
+}
+
+bool IsChecked(WindowHandle dialog, int id) {
+    const Window* control = Control(dialog, id);
+    return control != nullptr && control->checked;
+}
+
+void SetChecked(WindowHandle dialog, int id, bool checked) {
+    Window* control = Control(dialog, id);
+    if (control != nullptr && control->kind == WindowKind::Button) control->checked = checked;
+}
+
+int Selection(WindowHandle dialog, int id) {
+    const Window* control = Control(dialog, id);
+    if (control == nullptr) return 0;
+    return IsIndex(control, control->selection) ? control->selection : -1;
+}
+
+void SetSelection(WindowHandle dialog, int id, int index) {
+    if (Window* control = Control(dialog, id)) {
+        control->selection = IsIndex(control, index) ? index : -1;
+    }
+}
+
+void ClearItems(WindowHandle dialog, int id) {
+    Window* control = Control(dialog, id);
+    if (!IsList(control)) return;
+    control->items.clear();
+    control->selection = -1;
+}
+
+void AddItem(WindowHandle dialog, int id, std::string_view text) {
+    Window* control = Control(dialog, id);
+    if (IsList(control)) control->items.emplace_back(text);
+}
+
+int ItemCount(WindowHandle dialog, int id) {
+    const Window* control = Control(dialog, id);
+    return IsList(control) ? static_cast<int>(control->items.size()) : 0;
+}
+
+std::string ItemText(WindowHandle dialog, int id, int index) {
+    const Window* control = Control(dialog, id);
+    return IsIndex(control, index) ? control->items[static_cast<std::size_t>(index)] : "";
+}
+
+void SetUpDownRange(WindowHandle dialog, int id, int minimum, int maximum) {
+    Window* control = Control(dialog, id);
+    if (control == nullptr || control->kind != WindowKind::UpDown) return;
+    control->minimum = minimum;
+    control->maximum = maximum;
+}
+
+void SetUpDownPosition(WindowHandle dialog, int id, int position) {
+    const Window* control = Control(dialog, id);
+    if (control == nullptr || control->kind != WindowKind::UpDown) return;
+    const auto [low, high] = std::minmax(control->minimum, control->maximum);
+    const std::string text = std::to_string(std::clamp(position, low, high));
+    constexpr std::uint32_t kShowsNumber = kStyleSetBuddyNumber | kStyleAutoBuddy;
+    Window* buddy = (control->style & kShowsNumber) == kShowsNumber ? BuddyOf(control) : nullptr;
+    if (buddy != nullptr && buddy->text != text) SetWindowText(buddy, text);
+}
+
+void EnableControl(WindowHandle dialog, int id, bool enabled) {
+    if (Window* control = Control(dialog, id)) control->enabled = enabled;
+}
+
+bool IsControlEnabled(WindowHandle dialog, int id) {
+    const Window* control = Control(dialog, id);
+    return control != nullptr && control->enabled;
+}
+
+void ShowControl(WindowHandle dialog, int id, bool visible) {
+    if (Window* control = Control(dialog, id)) control->visible = visible;
+}
+
+bool IsControlVisible(WindowHandle dialog, int id) {
+    const Window* control = Control(dialog, id);
+    return control != nullptr && control->visible;
+}
+
+void FocusControl(WindowHandle, int) {}
+
+void RepaintControl(WindowHandle dialog, int id) {
+    if (Window* control = Control(dialog, id)) ++control->repaints;
+}
+
+void InstallControl(WindowHandle dialog, int id, const char* tag, ControlProcedure procedure) {
+    Window* control = Control(dialog, id);
+    if (control == nullptr) return;
+    control->tag = tag;
+    control->control_procedure = procedure;
+}
+
+std::intptr_t CallOriginal(WindowHandle, std::uint32_t, std::uintptr_t, std::intptr_t) {
+    return 0;
+}
+
+const char* ControlTag(WindowHandle control) {
+    return control == nullptr ? "" : control->tag;
+}
+
+void SetUserData(WindowHandle control, void* data) {
+    if (control != nullptr) control->user_data = data;
+}
+
+void* UserData(WindowHandle control) {
+    return control == nullptr ? nullptr : control->user_data;
+}
+
+}  // namespace platform

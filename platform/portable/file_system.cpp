@@ -1,0 +1,35 @@
+#include "platform/file_system.h"
+
+#include <cstdlib>
+#include <unistd.h>
+
+namespace platform {
+
+const char kPathSeparator = '/';
+
+/// $XDG_DATA_HOME, which counts only where it is absolute, else ~/.local/share.
+std::string ApplicationDataFolder() {
+    const char* data_home = std::getenv("XDG_DATA_HOME");
+    if (data_home != nullptr && data_home[0] == '/') return data_home;
+    const char* home = std::getenv("HOME");
+    if (home == nullptr || home[0] == '\0') return "";
+    return std::string(home) + "/.local/share";
+}
+
+std::FILE* OpenStream(const char* path, const char* mode) {
+    return std::fopen(path, mode);
+}
+
+int TakePlaceOf(const char* from, const char* to) {
+    return std::rename(from, to) == 0 ? 1 : 0;
+}
+
+void RemoveFile(const char* path) {
+    std::remove(path);
+}
+
+unsigned long ProcessNumber() {
+    return static_cast<unsigned long>(getpid());
+}
+
+}  // namespace platform

@@ -1,0 +1,184 @@
+#include "shell/configuration.h"
+
+#include <algorithm>
+#include <cinttypes>
+#include <cstdio>
+#include <cstring>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "controls/control_line.h"
+#include "pipeline/remapping.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "platform/keyboard.h"
+#include "shell/style_table.h"
+
+namespace tess {
+
+std::uint32_t AddDescriptiveCommentBlock = 1;
+char CurrentFileName[kBoundTextBytes] = "untitled.qv1";
+std::uint32_t FirstRun = 1;
+std::uint32_t MainDelay = 4;
+std::uint32_t MainDither = 0;
+std::uint32_t MainEffect = 5;
+std::uint32_t MainMaskBackground = 1;
+std::uint32_t MainPalette = 6;
+std::uint32_t MainSupercompress = 0;
+std::uint32_t SampleWindowKeyLine = 0;
+std::uint32_t SolidBackground = 1;
+std::uint32_t Truecolour = 1;
+
+namespace {
+
+constexpr char kFileName[] = "vorbelx1.ini";
+constexpr std::size_t kLineBytes = 260;
+
+// Values without a reader: they are kept so that a file stays as it is.
+std::uint32_t AccentCompensation = 1;
+std::uint32_t MainDepth = 32;
+std::uint32_t MainRolling = 1;
+std::uint32_t MainSteps = 32;
+char MatrixDefaultTile[kBoundTextBytes] = "";
+char OpenPath[kBoundTextBytes] = "";
+std::uint32_t PatchLevel = 1;
+std::uint32_t ShowFileOpenPreview = 1;
+std::uint32_t UpdateDelay = 1000;
+std::uint32_t VersionNumber = 512;
+
+// The group files that the texture and tile dialogs open.
+char DefaultTextureFileName[kBoundTextBytes] = "vorbelx1.fft";
+char MatrixLibrary[kBoundTextBytes] = "vorbelx1.mtx";
+
+constexpr ConfigKey kGeneralKeys[] = {
+    {"AddDescriptiveCommentBlock", &AddDescriptiveCommentBlock, kNumberKey},
+    {"AccentCompensation", &AccentCompensation, kNumberKey},
+    {"CurrentFileName", CurrentFileName, kTextKey},
+    {"DefaultTextureFileName", DefaultTextureFileName, kTextKey},
+    {"DitherBrightness", &DitherBrightness, kNumberKey},
+    {"DitherContrast", &DitherContrast, kNumberKey},
+    {"FastRemap", &FastRemap, kNumberKey},
+    {"FirstRun", &FirstRun, kNumberKey},
+    {"MainDelay", &MainDelay, kNumberKey},
+    {"MainDepth", &MainDepth, kNumberKey},
+    {"MainDither", &MainDither, kNumberKey},
+    {"MainEffect", &MainEffect, kNumberKey},
+    {"MainMaskBackground", &MainMaskBackground, kNumberKey},
+    {"MainPalette", &MainPalette, kNumberKey},
+    {"MainRolling", &MainRolling, kNumberKey},
+    {"MainSteps", &MainSteps, kNumberKey},
+    {"MainSupercompress", &MainSupercompress, kNumberKey},
+    {"MatrixLibrary", MatrixLibrary, kTextKey},
+    {"MatrixDefaultTile", MatrixDefaultTile, kTextKey},
+    {"OpenPath", OpenPath, kTextKey},
+    {"PatchLevel", &PatchLevel, kNumberKey | kWriteOnlyKey},
+    {"SampleWindowKeyLine", &SampleWindowKeyLine, kNumberKey},
+    {"SolidBackground", &SolidBackground, kNumberKey},
+    {"ShowFileOpenPreview", &ShowFileOpenPreview, kNumberKey},
+    {"Truecolour", &Truecolour, kNumberKey},
+    {"UpdateDelay", &UpdateDelay, kNumberKey},
+    {"VersionNumber", &VersionNumber, kNumberKey | kWriteOnlyKey},
+};
+
+std::vector<ConfigKey> MakeTable() {
+    std::vector<ConfigKey> table(std::begin(kGeneralKeys), std::end(kGeneralKeys));
+    std::vector<const StyleEntry*> styles(std::begin(StyleTable), std::end(StyleTable));
+    // A key's number is not the style's place in the effect list.
+    std::sort(styles.begin(), styles.end(), [](const StyleEntry* a, const StyleEntry* b) {
+        return std::string_view(a->ConfigurationName) < b->ConfigurationName;
+    });
+    for (const StyleEntry* style : styles) {
+        for (StyleParameter& parameter : style->Parameters) {
+            if (parameter.Key != nullptr) {
+                table.push_back({parameter.Key, &parameter.Value, kNumberKey});
+            }
+        }
+    }
+    return table;
+}
+
+/// The first row that may be read and whose name begins with `name`.
+const ConfigKey* FindKey(std::string_view name) {
+    for (const ConfigKey& key : ConfigurationTable()) {
+        if ((key.Flags & kWriteOnlyKey) == 0 && std::string_view(key.Name).starts_with(name)) {
+            return &key;
+        }
+    }
+    return nullptr;
+}
+
+void ReadLine(char* line) {
+    if (line[0] == ';') return;
+    char* end = line;
+    while (static_cast<unsigned char>(*end) >= ' ')
+        ++end;
+    *end = '\0';
+    const std::size_t name_length = std::strcspn(line, " =");
+    const ConfigKey* key = FindKey({line, name_length});
+    if (key == nullptr) return;
+    const char* value = line + name_length;
+    value += std::strspn(value, " ");
+    value += std::strspn(value, "=");
+    value += std::strspn(value, " ");
+    if ((key->Flags & kTextKey) != 0) {
+        std::snprintf(static_cast<char*>(key->Value), kBoundTextBytes, "%s", value);
+    } else {
+        *static_cast<std::uint32_t*>(key->Value) = static_cast<std::uint32_t>(ReadNumber(value));
+    }
+}
+
+void WriteKey(const ConfigKey& key, std::FILE* stream) {
+    if ((key.Flags & kTextKey) != 0) {
+        std::fprintf(stream, "%s = %s\n", key.Name, static_cast<const char*>(key.Value));
+    } else {
+        std::fprintf(stream, "%s = %" PRIu32 "\n", key.Name,
+                     *static_cast<const std::uint32_t*>(key.Value));
+    }
+}
+
+}  // namespace
+
+std::span<const ConfigKey> ConfigurationTable() {
+    static const std::vector<ConfigKey> table = MakeTable();
+    return table;
+}
+
+void ReadConfiguration() {
+    // With Shift held no key may be read: that is the way back to the defaults.
+    if (platform::IsShiftHeld()) return;
+    const char* path = platform::UserFile(kFileName);
+    if (path[0] != '\0') ReadConfigurationFile(path);
+}
+
+void WriteConfiguration() {
+    const char* path = platform::UserFile(kFileName);
+    if (path[0] != '\0') WriteConfigurationFile(path);
+}
+
+int ReadConfigurationFile(const char* path) {
+    std::FILE* stream = platform::OpenFile(path, "r");
+    if (stream == nullptr) return 0;
+    char line[kLineBytes + 1];
+    while (std::fgets(line, sizeof line, stream) != nullptr)
+        ReadLine(line);
+    std::fclose(stream);
+    return 1;
+}
+
+int WriteConfigurationFile(const char* path) {
+    platform::NewFile file(path, platform::FileMode::Text);
+    if (!file) return 0;
+    std::FILE* stream = file.Stream();
+    std::fputs(
+        ";Quorvenstadtholme animtion plugin configuration file\n"
+        ";Edit this at your own risk\n",
+        stream);
+    std::fprintf(stream, ";Last updated %24.24s\n;\n[PlugIn]\n",
+                 platform::CurrentTimeText().c_str());
+    for (const ConfigKey& key : ConfigurationTable())
+        WriteKey(key, stream);
+    return file.Commit();
+}
+
+}  // namespace tess

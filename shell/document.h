@@ -1,0 +1,16 @@
+// Documents, ".qv1": the state of the dialog as one line a control, by id.
+#pragma once
+
+#include "platform/dialog.h"
+
+namespace tess {
+
+/// Reads the document at `path` into the dialog's controls, then shows the style
+/// that it selects. Returns 1, or 0 after a message, and then nothing was applied.
+int ReadDocument(platform::WindowHandle dialog, const char* path);
+
+/// Writes every control that has a class tag, in the dialog's order. Returns 1, or
+/// 0 after a message.
+int WriteDocument(platform::WindowHandle dialog, const char* path);
+
+}  // namespace tess

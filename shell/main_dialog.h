@@ -1,0 +1,69 @@
+// The whole user interface: one modal dialog with the live sample, the output
+// settings and commands, and the panels of all styles, of which one is shown.
+#pragma once
+
+#include <cstdint>
+
+#include "pipeline/image_buffers.h"
+#include "platform/dialog.h"
+#include "shell/host_interface.h"
+
+namespace tess {
+
+inline constexpr int kMainDialogTemplate = 1000;
+
+/// Controls of the main dialog. A spinner's up-down is its id + 10000.
+enum MainControl : int {
+    kBuildButton = 1,
+    kCancelButton = 2,
+    kHelpButton = 9,
+    kTrueColorBox = 10,
+    kDelayEdit = 11,
+    kSizeLine = 12,
+    kPaletteList = 13,
+    kCustomPaletteBox = 14,
+    kDitherBox = 15,
+    kLogo = 17,
+    kAboutButton = 18,
+    kSupercompressBox = 19,
+    kCommentBox = 20,
+    kMaskBackgroundBox = 21,
+    kTestButton = 24,
+    kSampleBox = 25,
+    kOpenSaveButton = 36,
+    kPreviewButton = 40,
+    kEffectList = 58,
+};
+
+/// Commands that are posted, not pressed.
+enum MainCommand : int {
+    kOpenCommand = 37,
+    kSaveCommand = 38,
+    kSaveAsCommand = 39,
+    kBuildCommand = 41,
+    kTestCommand = 42,
+    kPreviewCommand = 43,
+};
+
+/// Controls with this id or a higher one belong to panels or choose among them:
+/// a change of one repaints the sample.
+inline constexpr int kFirstSampleControl = 50;
+
+/// Runs the dialog modally. Returns 1 after a Build, 0 after Cancel.
+int RunMainDialog(platform::WindowHandle owner, const HostServices* services);
+
+/// Shows the panel of one style and hides all others.
+void ShowStyleControls(platform::WindowHandle dialog, int style);
+
+/// What stands in the sample box.
+struct Sample {
+    ImageHandle Image;     ///< owned by the caller; null when the style gave none
+    int OffsetX, OffsetY;  ///< of the picture's top left in the box; negative shows its centre
+    ColorWord Margin;      ///< colour of what the picture does not cover
+};
+
+/// Renders the selected style's sample for a box of `width` by `height` and writes
+/// its size to the size line.
+[[nodiscard]] Sample RenderSample(platform::WindowHandle dialog, int width, int height);
+
+}  // namespace tess
