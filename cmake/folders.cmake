@@ -24,7 +24,7 @@ function(add_folder name)
 endfunction()
 
 # link_folders(TARGET TOP) links TARGET with the objects of TOP and of every
-# folder below it.
+# folder below it, and on Windows with the resource section.
 function(link_folders target top)
   get_property(folders GLOBAL PROPERTY TESSELLOMATICS_FOLDERS)
   list(FIND folders ${top} position)
@@ -36,5 +36,6 @@ function(link_folders target top)
   target_link_libraries(${target} PRIVATE ${below} resource_tables)
   if(WIN32)
     target_link_libraries(${target} PRIVATE gdi32 user32 comctl32 comdlg32 shell32 ole32)
+    embed_windows_resources(${target})
   endif()
 endfunction()

@@ -1,7 +1,7 @@
 #include "controls/color_button.h"
 
+#include "controls/current_host.h"
 #include "pipeline/palette.h"
-#include "shell/host_interface.h"
 
 namespace tess {
 

@@ -8,7 +8,9 @@ namespace {
 std::uint32_t state = 1;
 }
 
-void srand(unsigned seed) { state = seed; }
+void srand(unsigned seed) {
+    state = seed;
+}
 
 int rand() {
     state = state * 214013u + 2531011u;

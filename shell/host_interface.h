@@ -112,10 +112,6 @@ static_assert(offsetof(HostServices, SkinButtons) == 8);
 static_assert(offsetof(HostServices, HostCall) == 16);
 static_assert(offsetof(HostServices, HostFlags) == 32);
 
-/// The host of the run that is under way, kept by the main dialog for all of the
-/// plug-in. Null before the first one.
-extern const HostServices* CurrentHost;
-
 /// Bits of HostFlags.
 inline constexpr std::uint32_t HostDelayHundredths = 1;  ///< delays in hundredths, else thousandths
 inline constexpr std::uint32_t HostTrueColor = 2;  ///< takes 24-bit frames; delays 10 times finer

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <string>
 
+#include "controls/current_host.h"
 #include "controls/spinner.h"
 #include "pipeline/build_driver.h"
 #include "platform/files.h"
@@ -15,8 +16,6 @@
 #include "shell/value_controls.h"
 
 namespace tess {
-
-const HostServices* CurrentHost = nullptr;
 
 namespace {
 

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <deque>
 
+#include "platform/control_kinds.h"
+#include "platform/headless_user.h"
 #include "platform/portable/window_record.h"
 
 namespace platform {
@@ -207,6 +209,10 @@ std::string ControlClass(WindowHandle control) {
 
 WindowHandle ParentDialog(WindowHandle control) {
     return control == nullptr ? nullptr : control->parent;
+}
+
+std::string_view TemplateOf(WindowHandle dialog) {
+    return dialog == nullptr ? std::string_view() : dialog->template_name;
 }
 
 WaitCursor::WaitCursor() : previous_(nullptr) {}

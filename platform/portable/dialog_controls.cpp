@@ -2,16 +2,19 @@
 
 #include <algorithm>
 
+#include "platform/control_kinds.h"
 #include "platform/control_number.h"
 #include "platform/dialog.h"
+#include "platform/headless_user.h"
 #include "platform/portable/window_record.h"
 
 namespace platform {
 
 namespace {
 
-constexpr int kStyleSetBuddyNumber = 0x0002;  // UDS_SETBUDDYINT
-constexpr int kStyleAutoBuddy = 0x0010;       // UDS_AUTOBUDDY
+constexpr std::uint32_t kStyleSetBuddyNumber = 0x0002;  // UDS_SETBUDDYINT
+constexpr std::uint32_t kStyleAutoBuddy = 0x0010;       // UDS_AUTOBUDDY
+constexpr std::uint32_t kCheckBox = 2, kAutoCheckBox = 3, kAutoRadioButton = 9;
 
 bool IsList(const Window* window) {
     return window != nullptr &&
@@ -22,11 +25,22 @@ bool IsIndex(const Window* window, int index) {
     return IsList(window) && index >= 0 && index < static_cast<int>(window->items.size());
 }
 
-void SetWindowText(Window* window, std::string_view text) {
+void SetText(Window* control, std::string_view text) {
     // A combo box with a fixed list shows what is selected and nothing else.
-    if (window->kind == WindowKind::ComboBox) return;
-    window->text = text;
-    if (window->kind == WindowKind::Edit) Notify(window, Notification::EditChanged);
+    if (control->kind == WindowKind::ComboBox) return;
+    control->text = text;
+    if (control->kind != WindowKind::Edit) return;
+    const auto code = static_cast<std::uintptr_t>(Notification::EditChanged);
+    SendToWindow(control->parent, kMessageCommand,
+                 (static_cast<std::uintptr_t>(control->id) & 0xFFFF) | code << 16,
+                 reinterpret_cast<std::intptr_t>(control));
+}
+
+/// The kind of a button, as its style tells it.
+bool IsButton(const Window* control, std::uint32_t kind) {
+    constexpr std::uint32_t kKindBits = 0x0F;
+    return control != nullptr && control->kind == WindowKind::Button &&
+           (control->style & kKindBits) == kind;
 }
 
 /// The control that an up-down counts in: the one made just before it.
@@ -40,13 +54,6 @@ Window* BuddyOf(const Window* up_down) {
 
 }  // namespace
 
-void Notify(Window* control, Notification notification) {
-    const auto code = static_cast<std::uintptr_t>(notification);
-    SendToWindow(control->parent, kMessageCommand,
-                 (static_cast<std::uintptr_t>(control->id) & 0xFFFF) | code << 16,
-                 reinterpret_cast<std::intptr_t>(control));
-}
-
 std::string ControlText(WindowHandle dialog, int id) {
     const Window* control = Control(dialog, id);
     if (control == nullptr) return "";
@@ -56,7 +63,7 @@ std::string ControlText(WindowHandle dialog, int id) {
 }
 
 void SetControlText(WindowHandle dialog, int id, std::string_view text) {
-    if (Window* control = Control(dialog, id)) SetWindowText(control, text);
+    if (Window* control = Control(dialog, id)) SetText(control, text);
 }
 
 std::uint32_t ControlNumber(WindowHandle dialog, int id, bool is_signed) {
@@ -76,7 +83,10 @@ bool IsChecked(WindowHandle dialog, int id) {
 
 void SetChecked(WindowHandle dialog, int id, bool checked) {
     Window* control = Control(dialog, id);
-    if (control != nullptr && control->kind == WindowKind::Button) control->checked = checked;
+    if (IsButton(control, kCheckBox) || IsButton(control, kAutoCheckBox) ||
+        IsButton(control, kAutoRadioButton)) {
+        control->checked = checked;
+    }
 }
 
 int Selection(WindowHandle dialog, int id) {
@@ -127,7 +137,7 @@ void SetUpDownPosition(WindowHandle dialog, int id, int position) {
     const std::string text = std::to_string(std::clamp(position, low, high));
     constexpr std::uint32_t kShowsNumber = kStyleSetBuddyNumber | kStyleAutoBuddy;
     Window* buddy = (control->style & kShowsNumber) == kShowsNumber ? BuddyOf(control) : nullptr;
-    if (buddy != nullptr && buddy->text != text) SetWindowText(buddy, text);
+    if (buddy != nullptr && buddy->text != text) SetText(buddy, text);
 }
 
 void EnableControl(WindowHandle dialog, int id, bool enabled) {
@@ -152,6 +162,20 @@ void FocusControl(WindowHandle, int) {}
 
 void RepaintControl(WindowHandle dialog, int id) {
     if (Window* control = Control(dialog, id)) ++control->repaints;
+}
+
+int RepaintCount(WindowHandle dialog, int id) {
+    const Window* control = Control(dialog, id);
+    return control == nullptr ? 0 : control->repaints;
+}
+
+bool IsAutoCheckBox(WindowHandle dialog, int id) {
+    return IsButton(Control(dialog, id), kAutoCheckBox);
+}
+
+bool IsComboBox(WindowHandle dialog, int id) {
+    const Window* control = Control(dialog, id);
+    return control != nullptr && control->kind == WindowKind::ComboBox;
 }
 
 void InstallControl(WindowHandle dialog, int id, const char* tag, ControlProcedure procedure) {

@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <unistd.h>
 
+#include "platform/files.h"
+
 namespace platform {
 
 const char kPathSeparator = '/';
@@ -14,6 +16,11 @@ std::string ApplicationDataFolder() {
     const char* home = std::getenv("HOME");
     if (home == nullptr || home[0] == '\0') return "";
     return std::string(home) + "/.local/share";
+}
+
+std::string DocumentsFolder() {
+    const char* home = std::getenv("HOME");
+    return home == nullptr || home[0] == '\0' ? "" : std::string(home) + "/";
 }
 
 std::FILE* OpenStream(const char* path, const char* mode) {

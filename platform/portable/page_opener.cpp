@@ -1,10 +1,9 @@
 #include "platform/page_opener.h"
 
 #include <fcntl.h>
+#include <initializer_list>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include <initializer_list>
 
 namespace platform {
 

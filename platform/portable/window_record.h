@@ -44,10 +44,4 @@ struct Window {
 /// Makes a control of `dialog`, its last child.
 Window* AddControl(Window* dialog, const TemplateControl& control, bool visible);
 
-/// Tells the dialog that a control has changed, as the control would.
-void Notify(Window* control, Notification notification);
-
-/// Asks the stand-in for the user what to do. Returns 0 when there is none.
-int AskHeadlessUser(Window* dialog);
-
 }  // namespace platform

@@ -1,0 +1,7 @@
+#include "controls/current_host.h"
+
+namespace tess {
+
+const HostServices* CurrentHost = nullptr;
+
+}  // namespace tess

@@ -1,0 +1,251 @@
+// What a control of a real dialog shows and carries. A control's procedure stands
+// before its window procedure, as a record by its window.
+
+#include <windows.h>
+#include <algorithm>
+#include <commctrl.h>
+#include <map>
+
+#include "platform/control_kinds.h"
+#include "platform/control_number.h"
+#include "platform/headless_user.h"
+#include "platform/win32/dialog_run.h"
+#include "platform/win32/view_table.h"
+
+namespace platform {
+
+namespace {
+
+constexpr char kRepaintsProperty[] = "TessellomaticsRepaints";
+
+struct Installed {
+    const char* tag = "";
+    ControlProcedure procedure = nullptr;
+    WNDPROC original = nullptr;
+};
+std::map<HWND, Installed> installed_controls;
+
+HWND Find(WindowHandle dialog, int id) {
+    return GetDlgItem(WindowOf(dialog), id);
+}
+
+bool IsOfClass(HWND control, const char* window_class) {
+    char name[32] = "";
+    return GetClassNameA(control, name, sizeof name) != 0 && lstrcmpiA(name, window_class) == 0;
+}
+
+/// The messages of the two kinds of list, which do the same by other numbers.
+struct ListMessages {
+    UINT get_selection, set_selection, clear, add, count, text_length, text;
+};
+constexpr ListMessages kComboBoxMessages = {CB_GETCURSEL, CB_SETCURSEL, CB_RESETCONTENT,
+                                            CB_ADDSTRING, CB_GETCOUNT,  CB_GETLBTEXTLEN,
+                                            CB_GETLBTEXT};
+constexpr ListMessages kListBoxMessages = {LB_GETCURSEL, LB_SETCURSEL, LB_RESETCONTENT,
+                                           LB_ADDSTRING, LB_GETCOUNT,  LB_GETTEXTLEN,
+                                           LB_GETTEXT};
+
+/// Null for a control that is no list.
+const ListMessages* MessagesOf(HWND control) {
+    if (IsOfClass(control, "COMBOBOX")) return &kComboBoxMessages;
+    if (IsOfClass(control, "LISTBOX")) return &kListBoxMessages;
+    return nullptr;
+}
+
+bool IsButton(HWND control, LONG_PTR kind) {
+    return IsOfClass(control, "BUTTON") &&
+           (GetWindowLongPtrA(control, GWL_STYLE) & BS_TYPEMASK) == kind;
+}
+
+LRESULT CALLBACK HandleControlMessage(HWND control, UINT message, WPARAM w, LPARAM l) {
+    const auto found = installed_controls.find(control);
+    if (found == installed_controls.end()) return DefWindowProcA(control, message, w, l);
+    if (message == WM_NCDESTROY) {
+        const WNDPROC original = found->second.original;
+        installed_controls.erase(found);
+        return CallWindowProcA(original, control, message, w, l);
+    }
+    const ControlProcedure procedure = found->second.procedure;
+    return procedure == nullptr ? CallOriginal(HandleOf(control), message, w, l)
+                                : procedure(HandleOf(control), message, w, l);
+}
+
+}  // namespace
+
+std::string ControlText(WindowHandle dialog, int id) {
+    HWND control = Find(dialog, id);
+    return control == nullptr ? "" : Title(HandleOf(control));
+}
+
+void SetControlText(WindowHandle dialog, int id, std::string_view text) {
+    HWND control = Find(dialog, id);
+    if (control != nullptr) SetWindowTextA(control, std::string(text).c_str());
+}
+
+std::uint32_t ControlNumber(WindowHandle dialog, int id, bool is_signed) {
+    return NumberFromText(ControlText(dialog, id), is_signed);
+}
+
+void SetControlNumber(WindowHandle dialog, int id, std::uint32_t value, bool is_signed) {
+    SetControlText(
+        dialog, id,
+        is_signed ? std::to_string(static_cast<std::int32_t>(value)) : std::to_string(value));
+}
+
+bool IsChecked(WindowHandle dialog, int id) {
+    HWND control = Find(dialog, id);
+    return IsOfClass(control, "BUTTON") && SendMessageA(control, BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+void SetChecked(WindowHandle dialog, int id, bool checked) {
+    HWND control = Find(dialog, id);
+    if (!IsOfClass(control, "BUTTON")) return;
+    SendMessageA(control, BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED, 0);
+}
+
+int Selection(WindowHandle dialog, int id) {
+    HWND control = Find(dialog, id);
+    if (control == nullptr) return 0;
+    const ListMessages* messages = MessagesOf(control);
+    return messages == nullptr
+               ? -1
+               : static_cast<int>(SendMessageA(control, messages->get_selection, 0, 0));
+}
+
+void SetSelection(WindowHandle dialog, int id, int index) {
+    HWND control = Find(dialog, id);
+    const ListMessages* messages = MessagesOf(control);
+    if (messages == nullptr) return;
+    const int held = index >= 0 && index < ItemCount(dialog, id) ? index : -1;
+    SendMessageA(control, messages->set_selection, static_cast<WPARAM>(held), 0);
+}
+
+void ClearItems(WindowHandle dialog, int id) {
+    HWND control = Find(dialog, id);
+    const ListMessages* messages = MessagesOf(control);
+    if (messages != nullptr) SendMessageA(control, messages->clear, 0, 0);
+}
+
+void AddItem(WindowHandle dialog, int id, std::string_view text) {
+    HWND control = Find(dialog, id);
+    const ListMessages* messages = MessagesOf(control);
+    if (messages == nullptr) return;
+    const std::string item(text);
+    SendMessageA(control, messages->add, 0, reinterpret_cast<LPARAM>(item.c_str()));
+}
+
+int ItemCount(WindowHandle dialog, int id) {
+    HWND control = Find(dialog, id);
+    const ListMessages* messages = MessagesOf(control);
+    return messages == nullptr ? 0 : static_cast<int>(SendMessageA(control, messages->count, 0, 0));
+}
+
+std::string ItemText(WindowHandle dialog, int id, int index) {
+    HWND control = Find(dialog, id);
+    const ListMessages* messages = MessagesOf(control);
+    if (messages == nullptr || index < 0 || index >= ItemCount(dialog, id)) return "";
+    const auto item = static_cast<WPARAM>(index);
+    const LRESULT length = SendMessageA(control, messages->text_length, item, 0);
+    if (length < 0) return "";
+    std::string text(static_cast<std::size_t>(length) + 1, '\0');
+    SendMessageA(control, messages->text, item, reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+void SetUpDownRange(WindowHandle dialog, int id, int minimum, int maximum) {
+    HWND control = Find(dialog, id);
+    if (!IsOfClass(control, UPDOWN_CLASSA)) return;
+    SendMessageA(control, UDM_SETRANGE32, static_cast<WPARAM>(minimum), maximum);
+}
+
+void SetUpDownPosition(WindowHandle dialog, int id, int position) {
+    HWND control = Find(dialog, id);
+    if (IsOfClass(control, UPDOWN_CLASSA)) SendMessageA(control, UDM_SETPOS32, 0, position);
+}
+
+void EnableControl(WindowHandle dialog, int id, bool enabled) {
+    HWND control = Find(dialog, id);
+    if (control != nullptr) EnableWindow(control, enabled ? TRUE : FALSE);
+}
+
+bool IsControlEnabled(WindowHandle dialog, int id) {
+    HWND control = Find(dialog, id);
+    return control != nullptr && IsWindowEnabled(control);
+}
+
+void ShowControl(WindowHandle dialog, int id, bool visible) {
+    HWND control = Find(dialog, id);
+    if (control != nullptr) ShowWindow(control, visible ? SW_SHOWNA : SW_HIDE);
+}
+
+bool IsControlVisible(WindowHandle dialog, int id) {
+    HWND control = Find(dialog, id);
+    return control != nullptr && (GetWindowLongPtrA(control, GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+void FocusControl(WindowHandle dialog, int id) {
+    HWND control = Find(dialog, id);
+    if (control == nullptr) return;
+    if (DialogRun* run = RunOf(WindowOf(dialog))) run->has_chosen_focus = true;
+    SendMessageA(WindowOf(dialog), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+}
+
+void RepaintControl(WindowHandle dialog, int id) {
+    HWND control = Find(dialog, id);
+    if (control == nullptr) return;
+    const std::intptr_t count = RepaintCount(dialog, id) + 1;
+    SetPropA(control, kRepaintsProperty, reinterpret_cast<HANDLE>(count));
+    InvalidateRect(control, nullptr, TRUE);
+}
+
+int RepaintCount(WindowHandle dialog, int id) {
+    HWND control = Find(dialog, id);
+    if (control == nullptr) return 0;
+    return static_cast<int>(reinterpret_cast<std::intptr_t>(GetPropA(control, kRepaintsProperty)));
+}
+
+bool IsAutoCheckBox(WindowHandle dialog, int id) {
+    return IsButton(Find(dialog, id), BS_AUTOCHECKBOX);
+}
+
+bool IsComboBox(WindowHandle dialog, int id) {
+    return IsOfClass(Find(dialog, id), "COMBOBOX");
+}
+
+void InstallControl(WindowHandle dialog, int id, const char* tag, ControlProcedure procedure) {
+    HWND control = Find(dialog, id);
+    if (control == nullptr) return;
+    Installed& installed = installed_controls[control];
+    installed.tag = tag;
+    installed.procedure = procedure;
+    if (installed.original != nullptr) return;
+    installed.original = reinterpret_cast<WNDPROC>(GetWindowLongPtrA(control, GWLP_WNDPROC));
+    SetWindowLongPtrA(control, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&HandleControlMessage));
+}
+
+std::intptr_t CallOriginal(WindowHandle control, std::uint32_t message, std::uintptr_t w,
+                           std::intptr_t l) {
+    const auto found = installed_controls.find(WindowOf(control));
+    if (found == installed_controls.end()) return SendMessageA(WindowOf(control), message, w, l);
+    const ViewProcedure view = FindControlView(found->second.tag, found->second.procedure);
+    const WNDPROC original = found->second.original;
+    LRESULT result = 0;
+    if (view != nullptr && view(WindowOf(control), message, w, l, &result)) return result;
+    return CallWindowProcA(original, WindowOf(control), message, w, l);
+}
+
+const char* ControlTag(WindowHandle control) {
+    const auto found = installed_controls.find(WindowOf(control));
+    return found == installed_controls.end() ? "" : found->second.tag;
+}
+
+void SetUserData(WindowHandle control, void* data) {
+    SetWindowLongPtrA(WindowOf(control), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(data));
+}
+
+void* UserData(WindowHandle control) {
+    return reinterpret_cast<void*>(GetWindowLongPtrA(WindowOf(control), GWLP_USERDATA));
+}
+
+}  // namespace platform

@@ -1,0 +1,15 @@
+// The views that have been added, for the dialogs and controls that ask them.
+// Windows only.
+#pragma once
+
+#include <string_view>
+
+#include "platform/win32/views.h"
+
+namespace platform {
+
+/// Returns the view, or null. `dialog_template` is the number as text, or the name.
+[[nodiscard]] ViewProcedure FindDialogView(std::string_view dialog_template);
+[[nodiscard]] ViewProcedure FindControlView(std::string_view tag, ControlProcedure procedure);
+
+}  // namespace platform

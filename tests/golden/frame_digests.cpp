@@ -1,0 +1,166 @@
+// Prints one line a setting of a style: the SHA-256 of all frames of its Build,
+// then the setting. The same program of both builds must print the same.
+//
+//   frame_digests STYLE COUNT SEED
+//
+// The first line is for the start values; COUNT more are for random settings
+// drawn from SEED, small enough to be quick.
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <string_view>
+
+#include "controls/spinner.h"
+#include "platform/dialog.h"
+#include "platform/files.h"
+#include "platform/headless_user.h"
+#include "shell/main_dialog.h"
+#include "shell/style_table.h"
+#include "tests/support/sha256.h"
+
+namespace tess::test {
+
+namespace {
+
+using platform::WindowHandle;
+
+struct Run {
+    int style;
+    int count;
+    std::uint64_t random;
+    int failures;
+};
+
+/// A generator of this program's own, the same in both builds (D. Knuth's MMIX
+/// constants).
+std::uint32_t Draw(Run& run, std::uint32_t below) {
+    run.random = run.random * 6364136223846793005u + 1442695040888963407u;
+    return static_cast<std::uint32_t>((run.random >> 33) % below);
+}
+
+std::int64_t AnswerYes(TaskRecord*, std::int64_t, std::int64_t, std::int64_t) {
+    return 1;
+}
+
+/// A value in the spinner's range; what makes pictures large or many is kept near
+/// its minimum.
+int DrawNumber(Run& run, WindowHandle dialog, const StyleParameter& parameter) {
+    SpinnerRange range{0, 100, 0};
+    ReadSpinnerRange(platform::ControlText(dialog, parameter.ControlId + kCompanionOffset), &range);
+    const std::string_view name = std::string_view(parameter.Key).substr(std::strlen("Style000"));
+    int widest = range.maximum - range.minimum;
+    if (name == "Width" || name == "Depth") widest = std::min(widest, 80);
+    if (name == "Frames") widest = std::min(widest, 6);
+    if (name == "Size" && range.maximum > 64) widest = std::min(widest, 80);
+    if (name == "Density") widest = std::min(widest, 48);
+    return range.minimum + static_cast<int>(Draw(run, static_cast<std::uint32_t>(widest) + 1));
+}
+
+/// Sets one control to a random value, and adds it to the line that is printed.
+void SetRandomly(Run& run, WindowHandle dialog, const StyleParameter& parameter,
+                 std::string* line) {
+    const int id = parameter.ControlId;
+    int value = 0;
+    switch (parameter.Kind) {
+        case ParameterKind::Spinner:
+            value = DrawNumber(run, dialog, parameter);
+            platform::TypeText(dialog, id, std::to_string(value));
+            break;
+        case ParameterKind::ColorButton:
+            value = static_cast<int>(Draw(run, 0x1000000));
+            platform::SetControlText(dialog, id, std::to_string(value));
+            break;
+        case ParameterKind::CheckBox:
+            value = static_cast<int>(Draw(run, 2));
+            platform::SetChecked(dialog, id, value != 0);
+            break;
+        case ParameterKind::ChoiceList:
+            value = static_cast<int>(
+                Draw(run, static_cast<std::uint32_t>(platform::ItemCount(dialog, id))));
+            platform::SetSelection(dialog, id, value);
+            break;
+        case ParameterKind::ShadowDirection:
+        case ParameterKind::Scroll4:
+        case ParameterKind::Scroll2:
+        case ParameterKind::ScrollHv:
+            value = static_cast<int>(Draw(run, 2));
+            platform::SetControlText(dialog, id, std::to_string(value));
+            break;
+        case ParameterKind::Fountain:
+        case ParameterKind::Matrix:
+            return;
+    }
+    *line += " " + std::to_string(id) + "=" + std::to_string(value);
+}
+
+void PrintDigest(Run& run, WindowHandle dialog, const std::string& settings) {
+    const HostServices services{sizeof(HostServices), kHostVersion, 0, 0, AnswerYes, 0, 3, 0};
+    FrameList frames{};
+    StyleContext context{};
+    context.Dialog = dialog;
+    context.Frames = &frames;
+    context.Host = &services;
+    const StyleEntry& style = *StyleTable[run.style];
+    const bool built = style.Build(&context) != 0;
+    Sha256 digest;
+    {
+        const platform::LockedBlock<const FrameRecord> records(frames.Records);
+        for (int i = 0; built && i < frames.Count; ++i) {
+            const LockedImage image(records.Get()[i].Image);
+            digest.Add(image.Get(), sizeof(PackedDib));
+            digest.Add(DibRow(image.Get(), image->Height - 1), image->ImageSize);
+            digest.Add(&records.Get()[i].Delay, sizeof(std::uint32_t));
+        }
+    }
+    if (!built) ++run.failures;
+    std::printf("%s %d frames%s\n", built ? digest.Finish().c_str() : "failed", frames.Count,
+                settings.c_str());
+    FrameListFree(&frames);
+}
+
+void RunSettings(WindowHandle dialog, void* context) {
+    Run& run = *static_cast<Run*>(context);
+    PrintDigest(run, dialog, " start values");
+    for (int i = 0; i < run.count; ++i) {
+        std::string line;
+        for (const StyleParameter& parameter : StyleTable[run.style]->Parameters) {
+            SetRandomly(run, dialog, parameter, &line);
+        }
+        PrintDigest(run, dialog, line);
+    }
+    platform::EndDialog(dialog, 0);
+}
+
+int FindStyle(std::string_view name) {
+    for (int i = 0; i < kStyleCount; ++i) {
+        if (name == StyleTable[i]->Name) return i;
+    }
+    return -1;
+}
+
+}  // namespace
+
+}  // namespace tess::test
+
+int main(int count, char** arguments) {
+    using tess::test::Run;
+    if (count != 4) {
+        std::fprintf(stderr, "usage: frame_digests STYLE COUNT SEED\n");
+        return 2;
+    }
+    Run run{tess::test::FindStyle(arguments[1]), std::atoi(arguments[2]),
+            static_cast<std::uint64_t>(std::atoll(arguments[3])), 0};
+    if (run.style < 0) {
+        std::fprintf(stderr, "frame_digests: there is no style %s\n", arguments[1]);
+        return 2;
+    }
+    // No configuration of this machine's user, neither read nor written.
+    platform::SetUserFolder("no-such-folder");
+    platform::SetHeadlessUser(tess::test::RunSettings, &run);
+    const tess::HostServices services{
+        sizeof(tess::HostServices), tess::kHostVersion, 0, 0, tess::test::AnswerYes, 0, 3, 0};
+    tess::RunMainDialog(nullptr, &services);
+    return run.failures == 0 ? 0 : 1;
+}
