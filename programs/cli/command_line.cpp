@@ -6,7 +6,13 @@ namespace tess {
 namespace {
 
 std::string Quoted(std::string_view text) {
-    return "'" + std::string(text) + "'";
+    std::string quoted("'");
+    return quoted.append(text).append("'");
+}
+
+std::string Dashed(std::string_view name) {
+    std::string dashed("--");
+    return dashed.append(name);
 }
 
 std::string HintAtHelp(const Request& request) {
@@ -68,7 +74,7 @@ private:
         const std::string_view name = text.substr(0, equals);
         for (const OptionRow& row : Options()) {
             if (name != row.Name || !IsOpen(row)) continue;
-            const std::string shown = "--" + std::string(name);
+            const std::string shown = Dashed(name);
             if (equals != std::string_view::npos) {
                 const std::string_view value = text.substr(equals + 1);
                 if (row.Value == nullptr) {
@@ -81,7 +87,7 @@ private:
             }
             return;
         }
-        error_ = "unknown option " + Quoted("--" + std::string(name)) + HintAtHelp(request_);
+        error_ = "unknown option " + Quoted(Dashed(name)) + HintAtHelp(request_);
     }
 
     void TakeLetters(std::string_view letters) {

@@ -21,7 +21,9 @@ namespace fs = std::filesystem;
 // Lower case, with its dot.
 std::string EndingOf(const std::string& path) {
     const std::string ending = fs::path(path).extension().string();
-    return ending.empty() ? "" : "." + PlainName(ending);
+    if (ending.empty()) return "";
+    std::string plain(".");
+    return plain.append(PlainName(ending));
 }
 
 bool IsFolder(const std::string& path) {
