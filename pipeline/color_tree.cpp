@@ -37,6 +37,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "pipeline/pixel_rows.h"
 #include "pipeline/unique_colors.h"
 #include "platform/block_guards.h"
 
@@ -112,11 +113,16 @@ void AddImageToCells(const PackedDib* image, Moments* cells) {
     for (int y = 0; y < image->Height; ++y) {
         const std::uint8_t* pixel = DibRow(image, y);
         const std::uint8_t* end = pixel + std::ptrdiff_t{3} * image->Width;
+        const bool is_one_run = IsOneColorRow(pixel, image->Width);
         while (pixel != end) {
             const std::uint8_t* run = pixel;
-            do {
-                pixel += 3;
-            } while (pixel != end && std::memcmp(pixel, run, 3) == 0);
+            if (is_one_run) {
+                pixel = end;
+            } else {
+                do {
+                    pixel += 3;
+                } while (pixel != end && std::memcmp(pixel, run, 3) == 0);
+            }
             const int cell = (run[2] >> 3) << 10 | (run[1] >> 3) << 5 | run[0] >> 3;
             AddRun(cells[cell], run, (pixel - run) / 3);
         }
@@ -126,7 +132,8 @@ void AddImageToCells(const PackedDib* image, Moments* cells) {
 /// Moves bit k to bit 3 k, for five bits.
 constexpr int SpreadBits(int value) {
     int spread = 0;
-    for (int bit = 0; bit < kMaximumDepth; ++bit) spread |= ((value >> bit) & 1) << (3 * bit);
+    for (int bit = 0; bit < kMaximumDepth; ++bit)
+        spread |= ((value >> bit) & 1) << (3 * bit);
     return spread;
 }
 
@@ -261,7 +268,8 @@ void ColorTree::Reduce(int target) {
     std::size_t next = 0;          // the first node not pruned or passed over yet
     std::size_t pruned_first = 0;  // where the last round's pruned nodes begin
     while (colors_ > target) {
-        while (next < sorted_ && NodeAt(order_[next].Node).Gone) ++next;
+        while (next < sorted_ && NodeAt(order_[next].Node).Gone)
+            ++next;
         if (next == sorted_) break;
         const std::int64_t threshold = order_[next].Error;
         for (; pruned_first < next; ++pruned_first) {
@@ -302,7 +310,8 @@ int ColorTree::AssignColors(std::uint8_t* palette) {
 /// floor(log4(target)) + 1.
 int DepthFor(int target) {
     int depth = 0;
-    for (; target > 0; target >>= 2) ++depth;
+    for (; target > 0; target >>= 2)
+        ++depth;
     return std::clamp(depth, kMinimumDepth, kMaximumDepth);
 }
 

@@ -143,7 +143,8 @@ public:
         for (int y = source_->Height - 1; y >= 0; --y) {
             std::copy_n(Next(), width_, tones_.data());
             if (y > 0) ReadTones(y - 1, Next());
-            for (int x = 0; x < source_->Width; ++x) DitherPixel(x, y > 0);
+            for (int x = 0; x < source_->Width; ++x)
+                DitherPixel(x, y > 0);
             WriteIndexRow(image_, y, bits_.data());
         }
     }

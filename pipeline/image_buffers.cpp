@@ -186,14 +186,12 @@ int DibCanvasOpen(int width, int height, DibCanvas* canvas) {
 }
 
 ImageHandle DibCanvasClose(DibCanvas* canvas, CanvasClose flags) {
-    bool keep = flags == CanvasClose::Keep && !canvas->MemoryDC.failed;
+    const bool keep = flags == CanvasClose::Keep && !canvas->MemoryDC.failed;
     if (canvas->Bits != nullptr) {
         std::memcpy(DibRow(canvas->Header, canvas->Header->Height - 1), canvas->Bits,
                     canvas->Header->ImageSize);
         canvas->MemoryDC.surface = canvas->PreviousObject;
         platform::UnlockBlock(canvas->Section);
-    } else {
-        keep = false;
     }
     platform::FreeBlock(canvas->Section);
     if (canvas->Header != nullptr) platform::UnlockBlock(canvas->Block);

@@ -114,7 +114,7 @@ enum class CanvasClose : unsigned { Discard = 0, Keep = 1 };
 [[nodiscard]] int DibCanvasOpen(int width, int height, DibCanvas* canvas);
 /// Copies the drawing into the block. Keep leaves the picture in `Block`, for the
 /// caller to own; Discard, or a drawing call that failed, frees it and nulls
-/// `Block`. Harmless after a failed open. Returns `Block`.
+/// `Block`. Harmless after a failed open and when closed already. Returns `Block`.
 ImageHandle DibCanvasClose(DibCanvas* canvas, CanvasClose flags);
 
 /// Draws the picture at its own size with its top left at (x, y), clipped.

@@ -33,11 +33,11 @@ constexpr int kRampSteps = 32;
 
 constexpr std::uint8_t kBlackAndWhite[][3] = {{0, 0, 0}, {255, 255, 255}};
 constexpr std::uint8_t kSixteenColors[][3] = {
-    {0, 0, 0},       {128, 0, 0},   {0, 128, 0},   {128, 128, 0}, {0, 0, 128},   {128, 0, 128},
-    {0, 128, 128},   {128, 128, 128}, {192, 192, 192}, {255, 0, 0},   {0, 255, 0},   {255, 255, 0},
-    {0, 0, 255},     {255, 0, 255}, {0, 255, 255}, {255, 255, 255}};
-constexpr std::uint8_t kEightColors[][3] = {{0, 0, 0},     {255, 0, 0},   {0, 255, 0},
-                                            {255, 255, 0}, {0, 0, 255},   {255, 0, 255},
+    {0, 0, 0},     {128, 0, 0},     {0, 128, 0},     {128, 128, 0},  {0, 0, 128}, {128, 0, 128},
+    {0, 128, 128}, {128, 128, 128}, {192, 192, 192}, {255, 0, 0},    {0, 255, 0}, {255, 255, 0},
+    {0, 0, 255},   {255, 0, 255},   {0, 255, 255},   {255, 255, 255}};
+constexpr std::uint8_t kEightColors[][3] = {{0, 0, 0},     {255, 0, 0},    {0, 255, 0},
+                                            {255, 255, 0}, {0, 0, 255},    {255, 0, 255},
                                             {0, 255, 255}, {255, 255, 255}};
 
 void PutEntry(std::uint8_t* palette, int index, int red, int green, int blue) {
@@ -54,7 +54,8 @@ void WriteGrid(std::uint8_t* palette, const std::uint8_t (&reds)[Reds],
     int index = 0;
     for (const int red : reds) {
         for (const int green : greens) {
-            for (const int blue : blues) PutEntry(palette, index++, red, green, blue);
+            for (const int blue : blues)
+                PutEntry(palette, index++, red, green, blue);
         }
     }
 }
@@ -64,7 +65,8 @@ void WriteSafeColors(std::uint8_t* palette) {
     int index = 0;
     for (const int green : kSixLevels) {
         for (const int red : kSixLevels) {
-            for (const int blue : kSixLevels) PutEntry(palette, index++, red, green, blue);
+            for (const int blue : kSixLevels)
+                PutEntry(palette, index++, red, green, blue);
         }
     }
 }
@@ -105,7 +107,8 @@ void WriteFixedPalette(std::uint8_t* palette, int index) {
             WriteGridAroundGrays(palette);
             break;
         case 8:
-            for (int i = 0; i < kPaletteEntries; ++i) PutEntry(palette, i, i, i, i);
+            for (int i = 0; i < kPaletteEntries; ++i)
+                PutEntry(palette, i, i, i, i);
             break;
         case 9:
             std::memcpy(palette, kEightColors, sizeof kEightColors);

@@ -9,9 +9,9 @@
 //   is strictly nearer, so the lowest index wins ties as in NearestColor. Entries
 //   equal to an earlier one never win and are left out from the start.
 // - Cells are listed when first asked for, a fine cell from its coarse one's list.
-//   A fine cell with too many candidates uses the coarse list.
-// - In front stands a table of colours answered lately, one place for each hash.
-//   Each place always holds a true answer: black's to begin with.
+// - A fine cell with too many candidates uses the coarse list, behind a table of
+//   the colours answered lately, one place for each hash. Each place always holds
+//   a true answer: black's to begin with.
 //
 // With five bits of precision an equal entry is found by an open hash table, and
 // the table over the upper five bits of the channels is filled as it is asked for.
@@ -20,6 +20,8 @@
 #include <algorithm>
 #include <iterator>
 #include <limits>
+
+#include "pipeline/palette.h"
 
 namespace tess {
 
@@ -33,16 +35,11 @@ constexpr int FarthestReach(int value, int low, int high) {
     return std::max(high - value, value - low);
 }
 
-constexpr int Distance(int dr, int dg, int db) {
-    return 3 * dr * dr + 4 * dg * dg + 2 * db * db;
-}
+constexpr std::uint32_t kHashFactor = 2654435761U;  // 2^32 / golden ratio
 
-/// The number of the cell of `bits` bits a channel that holds the colour.
-constexpr std::uint32_t CellOf(ColorWord color, int bits) {
-    const int cut = 8 - bits;
-    return static_cast<std::uint32_t>(RedOf(color) >> cut) |
-           static_cast<std::uint32_t>(GreenOf(color) >> cut) << bits |
-           static_cast<std::uint32_t>(BlueOf(color) >> cut) << (2 * bits);
+/// The upper `bits` bits of the colour's hash.
+constexpr std::uint32_t HashOf(ColorWord color, int bits) {
+    return (color * kHashFactor) >> (32 - bits);
 }
 
 }  // namespace
@@ -52,18 +49,19 @@ PaletteSearch::PaletteSearch(const std::uint8_t* palette, int count, SearchPreci
     if (!tables_) return;
     Tables& tables = tables_[0];
     count = std::min(count, kPaletteEntries);
-    for (int i = 0; i < count; ++i, palette += 3) {
-        tables.Entries[i] = {palette[0], palette[1], palette[2]};
-        NoteEntry(i, MakeColor(palette[0], palette[1], palette[2]));
+    for (int i = 0; i < count; ++i) {
+        const std::uint8_t* entry = palette + std::ptrdiff_t{3} * i;
+        tables.Entries[i] = {entry[0], entry[1], entry[2]};
+        NoteEntry(i, MakeColor(entry[0], entry[1], entry[2]));
     }
-    std::fill(std::begin(tables.Known), std::end(tables.Known),
-              static_cast<std::uint32_t>(Search(0)));
+    const int black = NearestColor(0, 0, 0, palette, count);
+    std::fill(std::begin(tables.Known), std::end(tables.Known), static_cast<std::uint32_t>(black));
 }
 
 /// Requires: called for the entries in the order of the palette.
 void PaletteSearch::NoteEntry(int index, ColorWord color) {
     Tables& tables = tables_[0];
-    std::uint32_t place = (color * kHashFactor) >> (32 - kEqualBits);
+    std::uint32_t place = HashOf(color, kEqualBits);
     while (tables.FirstEqual[place] != 0) {
         const Entry& other = tables.Entries[tables.FirstEqual[place] - 1];
         if (MakeColor(other.Red, other.Green, other.Blue) == color) return;
@@ -75,7 +73,7 @@ void PaletteSearch::NoteEntry(int index, ColorWord color) {
 
 int PaletteSearch::FindEqual(ColorWord color) const {
     const Tables& tables = tables_[0];
-    std::uint32_t place = (color * kHashFactor) >> (32 - kEqualBits);
+    std::uint32_t place = HashOf(color, kEqualBits);
     while (tables.FirstEqual[place] != 0) {
         const int index = tables.FirstEqual[place] - 1;
         const Entry& entry = tables.Entries[index];
@@ -83,11 +81,6 @@ int PaletteSearch::FindEqual(ColorWord color) const {
         place = (place + 1) & ((1 << kEqualBits) - 1);
     }
     return -1;
-}
-
-int PaletteSearch::Search(ColorWord color) {
-    if (tables_[0].Distinct.Count == 0) return 0;
-    return precision_ == SearchPrecision::Exact ? SearchNearest(color) : SearchFiveBits(color);
 }
 
 const PaletteSearch::CoarseCell& PaletteSearch::CoarseCellOf(ColorWord color) {
@@ -99,20 +92,31 @@ const PaletteSearch::CoarseCell& PaletteSearch::CoarseCellOf(ColorWord color) {
     return cell;
 }
 
-int PaletteSearch::SearchNearest(ColorWord color) {
+/// For a colour of a fine cell without a list, or with one that does not fit.
+int PaletteSearch::SearchUnlisted(ColorWord color) {
+    if (tables_[0].Distinct.Count == 0) return 0;
     FineCell& cell = tables_[0].Fine[CellOf(color, kFineBits)];
-    if (cell.Count == 0) {
-        std::uint8_t candidates[kPaletteEntries];
-        const int count = ListCandidates(color, kFineBits, CoarseCellOf(color), candidates);
-        cell.Count = static_cast<std::uint8_t>(std::min(count, kFineCandidates + 1));
-        std::copy_n(candidates, std::min(count, kFineCandidates), cell.Candidates);
+    if (cell.Count != 0) return SearchCrowded(color);
+    std::uint8_t candidates[kPaletteEntries];
+    const int count = ListCandidates(color, kFineBits, CoarseCellOf(color), candidates);
+    const int kept = std::min(count, static_cast<int>(kFineCandidates));
+    cell.Count = static_cast<std::uint8_t>(kept < count ? kept + 1 : kept);
+    std::copy_n(candidates, kept, cell.Candidates);
+    return NearestOf(color, candidates, count);
+}
+
+int PaletteSearch::SearchCrowded(ColorWord color) {
+    std::uint32_t& known = tables_[0].Known[HashOf(color, kKnownBits)];
+    if (known >> 8 != color) {
+        const CoarseCell& coarse = CoarseCellOf(color);
+        const int index = NearestOf(color, coarse.Candidates, coarse.Count);
+        known = color << 8 | static_cast<std::uint32_t>(index);
     }
-    if (cell.Count <= kFineCandidates) return NearestOf(color, cell.Candidates, cell.Count);
-    const CoarseCell& coarse = CoarseCellOf(color);
-    return NearestOf(color, coarse.Candidates, coarse.Count);
+    return static_cast<int>(known & 255);
 }
 
 int PaletteSearch::SearchFiveBits(ColorWord color) {
+    if (tables_[0].Distinct.Count == 0) return 0;
     const int equal = FindEqual(color);
     if (equal >= 0) return equal;
     std::uint16_t& place = tables_[0].FastTable[CellOf(color, kFineBits)];
@@ -122,22 +126,6 @@ int PaletteSearch::SearchFiveBits(ColorWord color) {
         place = static_cast<std::uint16_t>(NearestOf(upper, coarse.Candidates, coarse.Count) + 1);
     }
     return place - 1;
-}
-
-int PaletteSearch::NearestOf(ColorWord color, const std::uint8_t* candidates, int count) const {
-    const Entry* entries = tables_[0].Entries;
-    const int red = RedOf(color);
-    const int green = GreenOf(color);
-    const int blue = BlueOf(color);
-    int nearest = 0;
-    int least = std::numeric_limits<int>::max();
-    for (int i = 0; i < count; ++i) {
-        const Entry& entry = entries[candidates[i]];
-        const int distance = Distance(red - entry.Red, green - entry.Green, blue - entry.Blue);
-        nearest = distance < least ? candidates[i] : nearest;
-        least = std::min(distance, least);
-    }
-    return nearest;
 }
 
 /// Lists the candidates of the cell of `bits` bits a channel around `color`.

@@ -23,47 +23,79 @@ public:
 
     /// Returns the index for 0x00BBGGRR; 0 when there are no entries.
     int IndexOf(ColorWord color) {
-        std::uint32_t& known = tables_[0].Known[(color * kHashFactor) >> (32 - kKnownBits)];
-        if (known >> 8 != color) known = color << 8 | static_cast<std::uint32_t>(Search(color));
-        return static_cast<int>(known & 255);
+        if (precision_ == SearchPrecision::FiveBits) return SearchFiveBits(color);
+        const FineCell& cell = tables_[0].Fine[CellOf(color, kFineBits)];
+        // An unlisted cell's count of 0 becomes the greatest number here.
+        if (cell.Count - 1U < kFineCandidates) {
+            return NearestOf(color, cell.Candidates, cell.Count);
+        }
+        return SearchUnlisted(color);
     }
 
 private:
-    static constexpr std::uint32_t kHashFactor = 2654435761U;  // 2^32 / golden ratio
-    static constexpr int kKnownBits = 14;
     static constexpr int kCoarseBits = 3;  // of a channel, for a coarse cell
     static constexpr int kFineBits = 5;
-    static constexpr int kFineCandidates = 31;
+    static constexpr unsigned kFineCandidates = 15;
+    static constexpr int kKnownBits = 14;
     static constexpr int kEqualBits = 10;
 
     struct Entry {
         int Red, Green, Blue;
     };
     struct CoarseCell {
-        std::uint16_t Count;  // 0: not made yet
+        std::uint16_t Count;  // 0: not listed yet
         std::uint8_t Candidates[kPaletteEntries];
     };
     struct FineCell {
-        std::uint8_t Count;  // 0: not made yet; above kFineCandidates: they did not fit
+        std::uint8_t Count;  // 0: not listed yet; above kFineCandidates: they did not fit
         std::uint8_t Candidates[kFineCandidates];
     };
     struct Tables {
-        std::uint32_t Known[1 << kKnownBits];  // colour << 8 | index
         Entry Entries[kPaletteEntries];
-        std::uint16_t FirstEqual[1 << kEqualBits];  // index + 1 of an entry; 0: free
-        CoarseCell Distinct;                        // the entries unlike all before them
-        CoarseCell Coarse[1 << (3 * kCoarseBits)];
         FineCell Fine[1 << (3 * kFineBits)];
+        CoarseCell Coarse[1 << (3 * kCoarseBits)];
+        CoarseCell Distinct;                            // the entries unlike all before them
+        std::uint32_t Known[1 << kKnownBits];           // colour << 8 | index
+        std::uint16_t FirstEqual[1 << kEqualBits];      // index + 1 of an entry; 0: free
         std::uint16_t FastTable[1 << (3 * kFineBits)];  // index + 1; 0: not made yet
     };
 
-    int Search(ColorWord color);
-    [[nodiscard]] int FindEqual(ColorWord color) const;
+    /// The number of the cell of `bits` bits a channel that holds the colour.
+    static constexpr std::uint32_t CellOf(ColorWord color, int bits) {
+        const int cut = 8 - bits;
+        return static_cast<std::uint32_t>(RedOf(color) >> cut) |
+               static_cast<std::uint32_t>(GreenOf(color) >> cut) << bits |
+               static_cast<std::uint32_t>(BlueOf(color) >> cut) << (2 * bits);
+    }
+
+    static constexpr int Distance(int dr, int dg, int db) {
+        return 3 * dr * dr + 4 * dg * dg + 2 * db * db;
+    }
+
+    [[nodiscard]] int NearestOf(ColorWord color, const std::uint8_t* candidates, int count) const {
+        int nearest = candidates[0];
+        int least = DistanceTo(nearest, color);
+        for (int i = 1; i < count; ++i) {
+            const int distance = DistanceTo(candidates[i], color);
+            nearest = distance < least ? candidates[i] : nearest;
+            least = distance < least ? distance : least;
+        }
+        return nearest;
+    }
+    [[nodiscard]] int DistanceTo(int index, ColorWord color) const {
+        const Entry& entry = tables_[0].Entries[index];
+        const int dr = RedOf(color) - entry.Red;
+        const int dg = GreenOf(color) - entry.Green;
+        const int db = BlueOf(color) - entry.Blue;
+        return Distance(dr, dg, db);
+    }
+
     void NoteEntry(int index, ColorWord color);
-    const CoarseCell& CoarseCellOf(ColorWord color);
-    int SearchNearest(ColorWord color);
+    [[nodiscard]] int FindEqual(ColorWord color) const;
+    int SearchUnlisted(ColorWord color);
+    int SearchCrowded(ColorWord color);
     int SearchFiveBits(ColorWord color);
-    [[nodiscard]] int NearestOf(ColorWord color, const std::uint8_t* candidates, int count) const;
+    const CoarseCell& CoarseCellOf(ColorWord color);
     int ListCandidates(ColorWord color, int bits, const CoarseCell& among,
                        std::uint8_t* candidates) const;
 

@@ -34,10 +34,17 @@ void WriteIndexRow(PackedDib* image, int y, const std::uint8_t* indexes) {
     } else {
         for (int x = 0; x < width; x += 8) {
             int eight = 0;
-            for (int i = 0; i < 8 && x + i < width; ++i) eight |= (indexes[x + i] & 1) << (7 - i);
+            for (int i = 0; i < 8 && x + i < width; ++i)
+                eight |= (indexes[x + i] & 1) << (7 - i);
             row[x >> 3] = static_cast<std::uint8_t>(eight);
         }
     }
+}
+
+bool IsOneColorRow(const std::uint8_t* row, int width) {
+    // Every byte equal to the one a pixel before it.
+    return width > 0 &&
+           std::memcmp(row, row + 3, std::size_t{3} * static_cast<std::size_t>(width - 1)) == 0;
 }
 
 void ReadColorRow(const PackedDib* image, int y, const std::uint8_t* palette,

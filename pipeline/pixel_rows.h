@@ -15,9 +15,11 @@ void ReadIndexRow(const PackedDib* image, int y, std::uint8_t* indexes);
 /// and a picture whose padding is zero, which it stays.
 void WriteIndexRow(PackedDib* image, int y, const std::uint8_t* indexes);
 
+/// True when all pixels of a 24-bit row are the same.
+[[nodiscard]] bool IsOneColorRow(const std::uint8_t* row, int width);
+
 /// The colours of a row: red, green, blue, a byte each. `palette` is the
 /// picture's own, unused above 8 bits, where alpha is left out.
-void ReadColorRow(const PackedDib* image, int y, const std::uint8_t* palette,
-                  std::uint8_t* colors);
+void ReadColorRow(const PackedDib* image, int y, const std::uint8_t* palette, std::uint8_t* colors);
 
 }  // namespace tess

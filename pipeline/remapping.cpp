@@ -63,7 +63,8 @@ int RemapIndexes(const PackedDib* source, const Target& target) {
     if (!row) return 0;
     for (int y = 0; y < source->Height; ++y) {
         ReadIndexRow(source, y, row.data());
-        for (std::uint8_t& index : row) index = table[index];
+        for (std::uint8_t& index : row)
+            index = table[index];
         WriteIndexRow(target.Image, y, row.data());
     }
     return 1;
@@ -89,11 +90,15 @@ int RemapColors(const PackedDib* source, const Target& target) {
     platform::WorkArray<std::uint8_t> row(static_cast<std::size_t>(source->Width));
     if (!search || !row) return 0;
     const int step = source->BitCount / 8;
+    ColorWord last = kBlack;
+    int last_index = search.IndexOf(kBlack);
     for (int y = 0; y < source->Height; ++y) {
         const std::uint8_t* pixel = DibRow(source, y);
         for (std::uint8_t& index : row) {
-            index = static_cast<std::uint8_t>(
-                search.IndexOf(MakeColor(pixel[2], pixel[1], pixel[0])));
+            const ColorWord color = MakeColor(pixel[2], pixel[1], pixel[0]);
+            if (color != last) last_index = search.IndexOf(color);
+            last = color;
+            index = static_cast<std::uint8_t>(last_index);
             pixel += step;
         }
         WriteIndexRow(target.Image, y, row.data());
@@ -133,8 +138,7 @@ ImageHandle ForceColorIndex(ImageHandle image_handle, ImageHandle source_handle,
     }
     std::uint8_t palette[kPaletteBytes];
     ReadColorTable(image.Get(), palette);
-    platform::OwnedBlock block(
-        NewPackedDib(image->Width, image->Height, palette, image->BitCount));
+    platform::OwnedBlock block(NewPackedDib(image->Width, image->Height, palette, image->BitCount));
     const LockedImage forced(block.Get());
     platform::WorkArray<std::uint8_t> row(static_cast<std::size_t>(image->Width));
     if (!forced || !row) return nullptr;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "pipeline/pixel_rows.h"
+
 namespace tess {
 
 void UniqueColors::Gather(const PackedDib* image) {
@@ -9,7 +11,10 @@ void UniqueColors::Gather(const PackedDib* image) {
     ColorWord last = kNoPixel;
     for (int y = 0; y < image->Height; ++y) {
         const std::uint8_t* pixel = DibRow(image, y);
-        for (int x = 0; x < width; ++x, pixel += 3) {
+        // While there is room, pixels that repeat their neighbour change nothing.
+        const bool is_known = count_ < kPaletteEntries && IsOneColorRow(pixel, width) &&
+                              MakeColor(pixel[2], pixel[1], pixel[0]) == last;
+        for (int x = is_known ? width : 0; x < width; ++x, pixel += 3) {
             if (count_ >= kPaletteEntries) {
                 count_ = kPaletteEntries + 1;
                 return;

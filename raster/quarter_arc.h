@@ -20,6 +20,14 @@ namespace raster {
 
 inline constexpr int kLargestArc = 1 << 19;
 
+/// False for ellipses so much taller than wide that the walk gets to the middle
+/// column before it has been in every row. Such a one is drawn as its flat twin,
+/// with rows and columns exchanged.
+constexpr bool WalkReachesLastRow(int width, int height) {
+    const std::int64_t a = width - 1;
+    return height < 2 * a * a;
+}
+
 class QuarterArc {
 public:
     /// Requires: both from 2 to kLargestArc.

@@ -48,17 +48,6 @@ private:
     bool transposed_;
 };
 
-/// True when the walk reaches the last row. Only ellipses far taller than wide,
-/// whose walks are looked at here, can fail to.
-bool WalkReachesLastRow(const CornerAxes& axes) {
-    const std::int64_t a = axes.width - 1;
-    if (axes.height <= a * a) return true;
-    int row = 0;
-    for (QuarterArc arc(axes.width, axes.height); !arc.IsPastMiddle(); arc.Advance())
-        row = arc.Row();
-    return row >= axes.height - 1;
-}
-
 /// The rows of the box that stand for row `arc_row` of the corners' ellipse.
 struct RowPair {
     std::int64_t upper, lower;
@@ -109,15 +98,21 @@ public:
     [[nodiscard]] std::int64_t At(std::int64_t y) const {
         const std::int64_t from_edge = std::min(y - box_.top, box_.bottom - 1 - y);
         if (from_edge < 0) return axes_.width / 2;
-        const double half_height = (axes_.height - 1) / 2.0;
-        const double half_width = (axes_.width - 1) / 2.0;
-        const double up = half_height - static_cast<double>(from_edge);
-        if (up <= 0) return 0;
-        const double part = up / half_height;
-        return static_cast<std::int64_t>(half_width * (1 - std::sqrt(1 - part * part)) + 0.5);
+        const double up = (axes_.height - 1) / 2.0 - static_cast<double>(from_edge);
+        if (up <= 0.5) return 0;
+        // Where the curve is steep its row has the nearest pixel; where it is flat,
+        // all pixels that are nearer to it than those of the row further in.
+        return static_cast<std::int64_t>(
+            std::min(std::floor(Exact(up) + 0.5), std::ceil(Exact(up - 0.5))));
     }
 
 private:
+    /// The inset of the curve itself, `up` rows above the middle.
+    [[nodiscard]] double Exact(double up) const {
+        const double part = up / ((axes_.height - 1) / 2.0);
+        return (axes_.width - 1) / 2.0 * (1 - std::sqrt(1 - part * part));
+    }
+
     LongBox box_;
     CornerAxes axes_;
 };
@@ -155,7 +150,7 @@ void Paint(const Surface& surface, const Rect& box, CornerAxes axes, Color color
         PaintComputed(surface, placed, axes, color, outline);
         return;
     }
-    const bool transposed = !WalkReachesLastRow(axes);
+    const bool transposed = !WalkReachesLastRow(axes.width, axes.height);
     if (transposed) {
         placed = {box.top, box.left, box.bottom, box.right};
         std::swap(axes.width, axes.height);

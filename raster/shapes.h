@@ -10,7 +10,9 @@
 
 namespace raster {
 
-/// Fills with `brush`; the context's pen and brush have no part in it.
+/// Fills with `brush`; the context's pen and brush have no part in it. A crossed
+/// side runs from its first coordinate, which it then includes, back to the other,
+/// which it leaves out, as it does in GDI.
 void FillRect(DrawingContext& context, const Rect& box, const Brush& brush);
 void Rectangle(DrawingContext& context, int left, int top, int right, int bottom);
 void Ellipse(DrawingContext& context, int left, int top, int right, int bottom);

@@ -21,6 +21,7 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <utility>
 
 #include "platform/block_guards.h"
 #include "raster/quarter_arc.h"
@@ -45,9 +46,9 @@ Point Clamped(const Point& point) {
 /// Takes the spans of a stroke and paints their union. Owns its bitmap.
 class Coverage {
 public:
-    /// `box`: where spans are kept, within the surface.
-    Coverage(const DrawingContext& context, const Rect& box)
-        : surface_(context.surface), color_(context.pen.color), box_(box) {}
+    /// `box`: where spans are kept, within the surface (its axes as `axes` says).
+    Coverage(const DrawingContext& context, const Rect& box, Axes axes)
+        : surface_(context.surface), color_(context.pen.color), box_(box), axes_(axes) {}
 
     /// Collects from here on; false when there is no memory for it.
     [[nodiscard]] bool Collect() {
@@ -115,17 +116,24 @@ private:
         }
     }
 
-    void Paint(int y, int first, int end) { PaintSpan(surface_, y, first, end, color_); }
+    void Paint(int y, int first, int end) {
+        if (axes_ == Axes::AsTheyAre) {
+            PaintSpan(surface_, y, first, end, color_);
+        } else {
+            PaintClippedBox(surface_, y, first, y + 1, end, color_);
+        }
+    }
 
     Surface surface_;
     Color color_;
     Rect box_;
+    Axes axes_;
     std::size_t words_a_row_ = 0;
     platform::WorkArray<std::uint64_t> bits_;
 };
 
-/// The pen's disc, walked anew for every point: its rows are symmetric about the
-/// middle, and a walk costs no more than the rows it covers.
+/// The pen's disc, walked anew for every point: a walk costs about as much as the
+/// rows that it covers. They are symmetric about the middle.
 void AddDisc(Coverage& coverage, const Point& center, int width) {
     const Rect& box = coverage.Box();
     const std::int64_t left = std::int64_t{center.x} - width / 2;
@@ -266,28 +274,30 @@ void AddSegment(Coverage& coverage, const Point& start, const Point& end, int wi
 }
 
 /// The part of the surface that the stroke can reach.
-Rect StrokeBox(const Surface& surface, std::span<const Point> points, int width) {
+Rect StrokeBox(const Surface& surface, std::span<const Point> points, int width, Axes axes) {
     Point least = Clamped(points[0]);
     Point greatest = least;
     for (const Point& point : points) {
-        const Point near = Clamped(point);
-        least = {std::min(least.x, near.x), std::min(least.y, near.y)};
-        greatest = {std::max(greatest.x, near.x), std::max(greatest.y, near.y)};
+        const Point placed = Clamped(point);
+        least = {std::min(least.x, placed.x), std::min(least.y, placed.y)};
+        greatest = {std::max(greatest.x, placed.x), std::max(greatest.y, placed.y)};
     }
     const int reach = width / 2 + 2;
+    Point end{surface.width, surface.height};
+    if (axes == Axes::Exchanged) std::swap(end.x, end.y);
     return {std::max(least.x - reach, 0), std::max(least.y - reach, 0),
-            std::min(greatest.x + reach, surface.width),
-            std::min(greatest.y + reach, surface.height)};
+            std::min(greatest.x + reach, end.x), std::min(greatest.y + reach, end.y)};
 }
 
 }  // namespace
 
-void StrokeWide(DrawingContext& context, std::span<const Point> points, Closing closing) {
+void StrokeWide(DrawingContext& context, std::span<const Point> points, Closing closing,
+                Axes axes) {
     if (points.size() < 2) return;
     const int width = std::min(context.pen.width, kWidestPen);
-    const Rect box = StrokeBox(context.surface, points, width);
+    const Rect box = StrokeBox(context.surface, points, width, axes);
     if (box.left >= box.right || box.top >= box.bottom) return;
-    Coverage coverage(context, box);
+    Coverage coverage(context, box, axes);
     if (points.size() > kMostPointsPaintedAtOnce && !coverage.Collect()) {
         context.failed = true;
         return;

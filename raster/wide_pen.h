@@ -9,6 +9,8 @@
 namespace raster {
 
 enum class Closing { Open, Closed };
+/// Exchanged: the points have x and y exchanged, and so has what is covered.
+enum class Axes { AsTheyAre, Exchanged };
 
 constexpr bool IsWide(const Pen& pen) {
     return pen.style != PenStyle::None && pen.width > 1;
@@ -20,7 +22,8 @@ constexpr bool IsWide(const Pen& pen) {
 /// LineTo, Polyline and PolyBezier (its flattened points) stroke Open. Sets
 /// `context.failed` when many points are given and the memory that keeps their
 /// overlaps from being painted again and again cannot be had.
-void StrokeWide(DrawingContext& context, std::span<const Point> points, Closing closing);
+void StrokeWide(DrawingContext& context, std::span<const Point> points, Closing closing,
+                Axes axes = Axes::AsTheyAre);
 
 /// The shapes of raster/shapes.h for a wide pen, interior and outline. Requires:
 /// IsWide(context.pen). The box may be crossed or empty.

@@ -5,25 +5,32 @@
 // interior fills the frame. It is painted first, under the outline.
 //
 // Round outlines are strokes through every pixel of their arcs. Where a corner is
-// 2 or less in either direction the shape is a rectangle.
+// 2 or less in either direction the shape is a rectangle. Corners far taller than
+// wide are drawn with rows and columns exchanged, outline and interior alike: GDI
+// would leave them without a tip, and fill it with rows that it never worked out.
+//
+// Edges further than kFarthestEdge from the surface's corner are taken to be there.
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
+#include <span>
 
 #include "platform/block_guards.h"
 #include "raster/quarter_arc.h"
+#include "raster/rounded_box.h"
 #include "raster/spans.h"
 #include "raster/wide_pen.h"
 
 namespace raster {
 namespace {
 
-// Corners of a box within these bounds are no larger than an arc can be.
+// A box within these bounds has no side longer than an arc can be.
 constexpr int kFarthestEdge = kLargestArc / 2;
 
 Rect Ordered(const Rect& box) {
-    const auto near = [](int edge) { return std::clamp(edge, -kFarthestEdge, kFarthestEdge); };
-    return {near(std::min(box.left, box.right)), near(std::min(box.top, box.bottom)),
-            near(std::max(box.left, box.right)), near(std::max(box.top, box.bottom))};
+    const auto limited = [](int edge) { return std::clamp(edge, -kFarthestEdge, kFarthestEdge); };
+    return {limited(std::min(box.left, box.right)), limited(std::min(box.top, box.bottom)),
+            limited(std::max(box.left, box.right)), limited(std::max(box.top, box.bottom))};
 }
 
 /// The frame of an ordered box.
@@ -34,48 +41,23 @@ Rect PenFrame(const Pen& pen, const Rect& box) {
             box.bottom - (width - 1) / 2};
 }
 
-/// The interior of a rectangle.
-void FillStraight(const DrawingContext& context, const Rect& frame) {
-    const int end = std::min(frame.bottom, context.surface.height);
-    for (int y = std::max(frame.top, 0); y < end; ++y) {
-        PaintClippedSpan(context.surface, y, frame.left, frame.right, context.brush.color);
-    }
-}
-
-/// The interior of a shape with round corners. Rows of a corner that its arc does
-/// not reach (it has no tip when it is much taller than wide) stay unpainted, as
-/// they have no outline either.
-void FillRound(const DrawingContext& context, const Rect& frame, int corner_width,
-               int corner_height) {
-    const auto fill = [&](int y, int inset) {
-        PaintClippedSpan(context.surface, y, std::int64_t{frame.left} + inset,
-                         std::int64_t{frame.right} - inset, context.brush.color);
-    };
-    int filled_row = corner_height / 2 - 1;
-    for (QuarterArc arc(corner_width, corner_height);
-         !arc.IsPastMiddle() && arc.Row() < corner_height; arc.Advance()) {
-        if (arc.Row() == filled_row) continue;
-        filled_row = arc.Row();
-        fill(frame.bottom - corner_height + filled_row, arc.Inset());
-        fill(frame.top + corner_height - 1 - filled_row, arc.Inset());
-    }
-    FillStraight(context, {frame.left, frame.top + corner_height / 2, frame.right,
-                           frame.bottom - corner_height / 2});
+Rect Exchanged(const Rect& box) {
+    return {box.top, box.left, box.bottom, box.right};
 }
 
 /// The pixels of a round outline, a closed figure.
 class RoundOutline {
 public:
-    /// False when there is no memory for it.
-    [[nodiscard]] bool Trace(const Rect& frame, int corner_width, int corner_height) {
-        points_ = platform::WorkArray<Point>(
-            4 * (static_cast<std::size_t>(corner_width) + static_cast<std::size_t>(corner_height)));
-        if (!points_) return false;
+    /// Returns 0 when there is no memory for it.
+    [[nodiscard]] int Trace(const Rect& frame, const CornerAxes& corners) {
+        points_ = platform::WorkArray<Point>(4 * (static_cast<std::size_t>(corners.width) +
+                                                  static_cast<std::size_t>(corners.height)));
+        if (!points_) return 0;
         // From the middle of the upper right corner's right side to its top.
-        for (QuarterArc arc(corner_width, corner_height); arc.Inset() < (corner_width + 1) / 2;
+        for (QuarterArc arc(corners.width, corners.height); arc.Inset() < (corners.width + 1) / 2;
              arc.Advance()) {
             points_[count_++] = {frame.right - 1 - arc.Inset(),
-                                 frame.top + corner_height - 1 - arc.Row()};
+                                 frame.top + corners.height - 1 - arc.Row()};
         }
         for (std::size_t i = count_; i-- > 0;) {
             points_[count_++] = {frame.left + frame.right - 1 - points_[i].x, points_[i].y};
@@ -83,7 +65,7 @@ public:
         for (std::size_t i = count_; i-- > 0;) {
             points_[count_++] = {points_[i].x, frame.top + frame.bottom - 1 - points_[i].y};
         }
-        return true;
+        return 1;
     }
 
     [[nodiscard]] std::span<const Point> Points() const { return {points_.data(), count_}; }
@@ -99,7 +81,10 @@ void RectangleWide(DrawingContext& context, const Rect& box) {
     const Rect ordered = Ordered(box);
     if (ordered.left == ordered.right || ordered.top == ordered.bottom) return;
     const Rect frame = PenFrame(context.pen, ordered);
-    if (context.brush.paints) FillStraight(context, frame);
+    if (context.brush.paints) {
+        PaintClippedBox(context.surface, frame.left, frame.top, frame.right, frame.bottom,
+                        context.brush.color);
+    }
     const Point corners[] = {{frame.left, frame.top},
                              {frame.right - 1, frame.top},
                              {frame.right - 1, frame.bottom - 1},
@@ -120,13 +105,19 @@ void RoundRectWide(DrawingContext& context, const Rect& box, int corner_width, i
         RectangleWide(context, box);
         return;
     }
+    const CornerAxes corners{width, height};
+    const Axes axes = WalkReachesLastRow(width, height) ? Axes::AsTheyAre : Axes::Exchanged;
     RoundOutline outline;
-    if (!outline.Trace(frame, width, height)) {
+    const int traced = axes == Axes::AsTheyAre ? outline.Trace(frame, corners)
+                                               : outline.Trace(Exchanged(frame), {height, width});
+    if (traced == 0) {
         context.failed = true;
         return;
     }
-    if (context.brush.paints) FillRound(context, frame, width, height);
-    StrokeWide(context, outline.Points(), Closing::Closed);
+    if (context.brush.paints) {
+        FillRoundedBox(context.surface, frame, corners, context.brush.color);
+    }
+    StrokeWide(context, outline.Points(), Closing::Closed, axes);
 }
 
 void EllipseWide(DrawingContext& context, const Rect& box) {

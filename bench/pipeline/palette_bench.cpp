@@ -67,11 +67,11 @@ void RunQuantize(benchmark::State& state, Quantize quantize, PictureKind kind) {
     state.SetItemsProcessed(state.iterations() * kSide * kSide);
 }
 
-#define REMAP_PAIR(what, kind, fast)                                                           \
-    BENCHMARK_CAPTURE(RunRemap, what##_##kind##_fast##fast##_plain, plain::what,              \
-                      PictureKind::kind, fast)                                                 \
-        ->Unit(benchmark::kMillisecond);                                                       \
-    BENCHMARK_CAPTURE(RunRemap, what##_##kind##_fast##fast, what, PictureKind::kind, fast)     \
+#define REMAP_PAIR(what, kind, fast)                                                       \
+    BENCHMARK_CAPTURE(RunRemap, what##_##kind##_fast##fast##_plain, plain::what,           \
+                      PictureKind::kind, fast)                                             \
+        ->Unit(benchmark::kMillisecond);                                                   \
+    BENCHMARK_CAPTURE(RunRemap, what##_##kind##_fast##fast, what, PictureKind::kind, fast) \
         ->Unit(benchmark::kMillisecond)
 
 REMAP_PAIR(RemapPlain, Smooth, 0);
@@ -81,10 +81,10 @@ REMAP_PAIR(RemapDither, Smooth, 0);
 REMAP_PAIR(RemapDither, Noise, 0);
 REMAP_PAIR(RemapDither, Smooth, 1);
 
-#define QUANTIZE_PAIR(kind)                                                          \
+#define QUANTIZE_PAIR(kind)                                                                \
     BENCHMARK_CAPTURE(RunQuantize, kind##_plain, plain::QuantizeFrames, PictureKind::kind) \
-        ->Unit(benchmark::kMillisecond);                                             \
-    BENCHMARK_CAPTURE(RunQuantize, kind, QuantizeFrames, PictureKind::kind)          \
+        ->Unit(benchmark::kMillisecond);                                                   \
+    BENCHMARK_CAPTURE(RunQuantize, kind, QuantizeFrames, PictureKind::kind)                \
         ->Unit(benchmark::kMillisecond)
 
 QUANTIZE_PAIR(Smooth);

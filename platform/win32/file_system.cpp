@@ -3,17 +3,33 @@
 #include <windows.h>
 #include <shlobj.h>
 
+#include "platform/files.h"
+
 namespace platform {
 
 const char kPathSeparator = '\\';
 
-std::string ApplicationDataFolder() {
+namespace {
+
+/// One of the shell's folders by its CSIDL number, empty when it cannot be found.
+std::string SpecialFolder(int folder) {
     LPITEMIDLIST item = nullptr;
-    if (FAILED(SHGetSpecialFolderLocation(nullptr, CSIDL_APPDATA, &item))) return "";
+    if (FAILED(SHGetSpecialFolderLocation(nullptr, folder, &item))) return "";
     char path[MAX_PATH] = "";
     const BOOL is_found = SHGetPathFromIDListA(item, path);
     CoTaskMemFree(item);
     return is_found ? path : "";
+}
+
+}  // namespace
+
+std::string ApplicationDataFolder() {
+    return SpecialFolder(CSIDL_APPDATA);
+}
+
+std::string DocumentsFolder() {
+    const std::string folder = SpecialFolder(CSIDL_PERSONAL);
+    return folder.empty() ? folder : folder + kPathSeparator;
 }
 
 std::FILE* OpenStream(const char* path, const char* mode) {

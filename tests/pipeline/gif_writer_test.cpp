@@ -1,8 +1,7 @@
 #include "pipeline/gif_writer.h"
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
+#include <gtest/gtest.h>
 
 #include "platform/files.h"
 #include "shell/host_interface.h"
@@ -22,7 +21,8 @@ protected:
     /// Opens both files and closes the GIF after its head.
     bool Open(int width, int height, int depth) {
         Bytes palette(kPaletteBytes);
-        for (std::size_t i = 0; i < palette.size(); ++i) palette[i] = static_cast<std::uint8_t>(i);
+        for (std::size_t i = 0; i < palette.size(); ++i)
+            palette[i] = static_cast<std::uint8_t>(i);
         std::FILE* stream = GifOpen(&page_path, width, height, palette.data(), depth);
         if (stream == nullptr) return false;
         return std::fclose(stream) == 0;
@@ -31,8 +31,7 @@ protected:
     static Bytes FrameBytes(std::uint32_t delay, std::int32_t transparent_index) {
         const platform::OwnedBlock picture(NewPackedDib(2, 1, nullptr, 8));
         const FrameRecord frame{picture.Get(), nullptr, delay, transparent_index};
-        return BytesWritten(
-            [&](std::FILE* stream) { EXPECT_EQ(GifAddFrame(stream, &frame), 1); });
+        return BytesWritten([&](std::FILE* stream) { EXPECT_EQ(GifAddFrame(stream, &frame), 1); });
     }
     [[nodiscard]] Bytes Gif() const { return ReadFileBytes(folder.File("preview.gif")); }
 
@@ -42,10 +41,10 @@ protected:
 
 TEST_F(GifWriter, HeadIsWrittenByteByByte) {
     ASSERT_TRUE(Open(0x0102, 0x0304, 1));
-    const Bytes expected{'G',  'I',  'F', '8', '9', 'a', 0x02, 0x01, 0x04, 0x03, 0x80, 0,  0,
-                         0,    1,    2,   3,   4,   5,                                          //
-                         0x21, 0xFF, 11,  'N', 'E', 'T', 'S',  'C',  'A',  'P',  'E',  '2', '.',
-                         '0',  3,    1,   0,   0,   0};
+    const Bytes expected{'G',  'I',  'F', '8', '9', 'a', 0x02, 0x01, 0x04, 0x03,
+                         0x80, 0,    0,   0,   1,   2,   3,    4,    5,  //
+                         0x21, 0xFF, 11,  'N', 'E', 'T', 'S',  'C',  'A',  'P',
+                         'E',  '2',  '.', '0', 3,   1,   0,    0,    0};
     EXPECT_EQ(Gif(), expected);
 }
 
@@ -99,9 +98,9 @@ TEST_F(GifWriter, DepthBeyondThePaletteGivesNull) {
 }
 
 TEST_F(GifWriter, FrameIsControlDescriptorAndDataByteByByte) {
-    const Bytes expected{0x21, 0xF9, 4, 0, 0x34, 0x12, 255, 0,        //
-                         0x2C, 0, 0, 0, 0, 2, 0, 1, 0, 7,             //
-                         8, 5, 0x00, 0x01, 0x00, 0x08, 0x08, 0};
+    const Bytes expected{0x21, 0xF9, 4,    0,    0x34, 0x12, 255,  0,        //
+                         0x2C, 0,    0,    0,    0,    2,    0,    1, 0, 7,  //
+                         8,    5,    0x00, 0x01, 0x00, 0x08, 0x08, 0};
     // Codes of 9 bits: 256, 0, 0, 257.
     EXPECT_EQ(FrameBytes(0x1234, -1), expected);
 }
@@ -140,9 +139,9 @@ TEST_F(GifWriter, DelayOfATrueColorHostIsDividedByTenWithoutRemainder) {
 
 TEST_F(GifWriter, FrameWithoutAPictureFails) {
     const FrameRecord frame{nullptr, nullptr, 0, -1};
-    EXPECT_TRUE(
-        BytesWritten([&](std::FILE* stream) { EXPECT_EQ(GifAddFrame(stream, &frame), 0); })
-            .empty());
+    EXPECT_TRUE(BytesWritten([&](std::FILE* stream) {
+                    EXPECT_EQ(GifAddFrame(stream, &frame), 0);
+                }).empty());
 }
 
 TEST_F(GifWriter, FrameFailsWhenABlockCannotBeHad) {

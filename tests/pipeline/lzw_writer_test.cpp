@@ -1,7 +1,7 @@
 #include "pipeline/lzw_writer.h"
 
 #include <gtest/gtest.h>
-
+#include <memory>
 #include <random>
 
 #include "platform/block_guards.h"
@@ -175,8 +175,8 @@ TEST(LzwWriter, FullBufferIsWrittenBeforeTheCodeAndItsPartialByteMovesToTheFront
     state.CodeBits = 12;
     state.BitPosition = 251 * 8 + 4;
     state.Buffer[251] = 0x0A;
-    const Bytes written = BytesWritten(
-        [&](std::FILE* stream) { EXPECT_EQ(LzwPutCode(stream, 0xBCD, &state), 1); });
+    const Bytes written =
+        BytesWritten([&](std::FILE* stream) { EXPECT_EQ(LzwPutCode(stream, 0xBCD, &state), 1); });
     EXPECT_EQ(written.size(), 252U);
     EXPECT_EQ(written[0], 251);
     EXPECT_EQ(state.Buffer[0], 0xDA);
@@ -219,13 +219,13 @@ protected:
     std::mt19937 random{static_cast<unsigned>(GetParam())};
     int Draw(int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); }
 
-    Picture NewPicture() {
+    std::unique_ptr<Picture> NewPicture() {
         constexpr int kDepths[] = {1, 4, 8};
-        Picture picture(1 + Draw(200), 1 + Draw(200), kDepths[Draw(3)]);
+        auto picture = std::make_unique<Picture>(1 + Draw(200), 1 + Draw(200), kDepths[Draw(3)]);
         const int change = 1 + Draw(30);
         const int colors = 1 + Draw(256);
         int color = 0;
-        picture.Fill([&](int) {
+        picture->Fill([&](int) {
             if (Draw(change) == 0) color = Draw(colors);
             return color;
         });
@@ -235,21 +235,21 @@ protected:
 
 TEST_P(LzwWriterRandom, BytesAreThoseOfThePlainWriter) {
     for (int i = 0; i < 40; ++i) {
-        Picture picture = NewPicture();
-        if (Draw(8) == 0) picture.descriptor.Packed |= kGifInterlaced;
-        ASSERT_EQ(Write(picture), PlainLzwWriteImage(picture.image, picture.descriptor));
+        const auto picture = NewPicture();
+        if (Draw(8) == 0) picture->descriptor.Packed |= kGifInterlaced;
+        ASSERT_EQ(Write(*picture), PlainLzwWriteImage(picture->image, picture->descriptor));
     }
 }
 
 TEST_P(LzwWriterRandom, EveryPixelComesBack) {
     for (int i = 0; i < 40; ++i) {
-        const Picture picture = NewPicture();
+        const auto picture = NewPicture();
         GifFrame frame;
-        ASSERT_EQ(DecodeImageData(Write(picture), picture.Pixels(), &frame), "");
+        ASSERT_EQ(DecodeImageData(Write(*picture), picture->Pixels(), &frame), "");
         std::size_t at = 0;
-        for (int y = 0; y < picture.image->Height; ++y) {
-            for (int x = 0; x < picture.image->Width; ++x) {
-                ASSERT_EQ(frame.indexes[at++], GetDibPixel(picture.image, x, y));
+        for (int y = 0; y < picture->image->Height; ++y) {
+            for (int x = 0; x < picture->image->Width; ++x) {
+                ASSERT_EQ(frame.indexes[at++], GetDibPixel(picture->image, x, y));
             }
         }
     }

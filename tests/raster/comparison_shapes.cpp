@@ -1,6 +1,8 @@
 #include "tests/raster/comparison_shapes.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <utility>
 
 namespace comparison {
 namespace {
@@ -43,7 +45,10 @@ constexpr Kind kKinds[] = {
 };
 
 constexpr int kMaximumSide = 56;
-constexpr int kMaximumPenWidth = 20;
+constexpr int kLargeWidth = 301;
+constexpr int kLargeHeight = 260;
+constexpr int kUsualPenWidth = 20;
+constexpr int kMaximumPenWidth = 120;
 
 /// The SplitMix64 generator of Steele, Lea and Flood.
 class Generator {
@@ -109,7 +114,7 @@ raster::Rect PickBox(Generator& random, const Shape& shape) {
 void PickPoints(Generator& random, Shape& shape) {
     std::size_t count = 2;
     if (shape.figure == Figure::Polygon || shape.figure == Figure::Polyline) {
-        count = static_cast<std::size_t>(random.Between(random.OneIn(20) ? 0 : 2, 9));
+        count = static_cast<std::size_t>(random.Between(random.OneIn(20) ? 0 : 2, 13));
     } else if (shape.figure == Figure::Bezier) {
         count = 1 + 3 * static_cast<std::size_t>(random.Between(1, 3));
         if (random.OneIn(40)) count = static_cast<std::size_t>(random.Between(1, 12));
@@ -125,6 +130,10 @@ void PickPoints(Generator& random, Shape& shape) {
     shape.point_count = count;
 }
 
+int PickPenWidth(Generator& random, int least) {
+    return random.Between(least, random.OneIn(6) ? kMaximumPenWidth : kUsualPenWidth);
+}
+
 raster::Pen PickPen(Generator& random, PenClass pen, raster::Color color) {
     switch (pen) {
         case PenClass::None:
@@ -134,9 +143,9 @@ raster::Pen PickPen(Generator& random, PenClass pen, raster::Color color) {
         case PenClass::One:
             return raster::SolidPen(1, color);
         case PenClass::Wide:
-            return raster::SolidPen(random.Between(2, kMaximumPenWidth), color);
+            return raster::SolidPen(PickPenWidth(random, 2), color);
         case PenClass::InsideFrame:
-            return raster::InsideFramePen(random.Between(0, kMaximumPenWidth), color);
+            return raster::InsideFramePen(PickPenWidth(random, 0), color);
     }
     return raster::kNullPen;
 }
@@ -157,15 +166,16 @@ Shape MakeShape(const Kind& kind, std::uint64_t seed, std::uint64_t index) {
     Shape shape{};
     shape.figure = kind.figure;
     shape.fill = kind.fill;
-    shape.width = random.Between(1, kMaximumSide);
-    shape.height = random.Between(1, kMaximumSide);
+    const bool large = random.OneIn(15);
+    shape.width = large ? kLargeWidth : random.Between(1, kMaximumSide);
+    shape.height = large ? kLargeHeight : random.Between(1, kMaximumSide);
     const auto color = static_cast<raster::Color>(random.Next() & 0xFFFFFF);
     shape.pen = PickPen(random, kind.pen, color);
     shape.brush = raster::SolidBrush(color ^ 0x80C0A0);
     if (kind.pen != PenClass::None && random.OneIn(4)) shape.brush = raster::kNullBrush;
     shape.box = PickBox(random, shape);
-    shape.corner_width = random.Between(-5, 40);
-    shape.corner_height = random.Between(-5, 40);
+    shape.corner_width = random.Between(-5, large ? kLargeWidth : 40);
+    shape.corner_height = random.Between(-5, large ? kLargeHeight : 40);
     if (random.OneIn(3)) shape.corner_height = shape.corner_width;
     if (random.OneIn(20)) shape.corner_width *= 100;
     PickPoints(random, shape);

@@ -2,22 +2,24 @@
 // and reports for each kind how many were compared, how many differ, and where
 // the first difference lies.
 //
-// Three things are ours and are judged so that GDI can still be the judge:
+// Two things are ours on purpose and are judged so that GDI can still be the judge:
 // - Without a pen our shapes fill their box up to but not including right and
 //   bottom. GDI's Rectangle stops one pixel shorter, and so do RoundRect and
-//   Ellipse where an axis of the corners is 2 or less, as it hands those to
+//   Ellipse where an axis of the corners is 2 or less, as those are handed to
 //   Rectangle. There GDI gets Rectangle with a box one pixel larger.
-// - Wine's walk round an ellipse much taller than wide ends before the last row
-//   and leaves the rows unwritten. Such a box is judged by its flat twin: GDI
-//   draws with the axes exchanged, and the picture is transposed.
-// - A pen of width 0 or 1 in the style PS_INSIDEFRAME needs no such care.
+// - Wine's walk round an ellipse much taller than wide ends before the last row,
+//   and the rows behind are read though they were never written. Such a box is
+//   judged by its flat twin: GDI draws with the axes exchanged, and the picture is
+//   transposed.
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 #include <windows.h>
 
@@ -32,7 +34,6 @@ using comparison::Kind;
 using comparison::Shape;
 
 constexpr unsigned char kBackground = 0x55;
-constexpr int kCanvasSide = 64;
 
 int StrideOf(int width) {
     return (width * 3 + 3) & ~3;
@@ -285,13 +286,13 @@ void Show(const Picture& ours, const Picture& theirs, bool transposed, const Sha
 class CanvasStore {
 public:
     GdiCanvas& Of(int width, int height) {
-        auto& slot = canvases_[static_cast<size_t>(width * kCanvasSide + height)];
+        auto& slot = canvases_[{width, height}];
         if (!slot) slot = std::make_unique<GdiCanvas>(width, height);
         return *slot;
     }
 
 private:
-    std::vector<std::unique_ptr<GdiCanvas>> canvases_{size_t{kCanvasSide} * kCanvasSide};
+    std::map<std::pair<int, int>, std::unique_ptr<GdiCanvas>> canvases_;
 };
 
 struct Options {

@@ -60,12 +60,17 @@ void Start(PlainLzwState* state) {
 Bytes PixelsInOrder(const PackedDib* image, const GifImageDescriptor& descriptor, int bits) {
     std::vector<int> rows;
     if ((descriptor.Packed & kGifInterlaced) != 0) {
-        for (int y = 0; y < image->Height; y += 8) rows.push_back(y);
-        for (int y = 4; y < image->Height; y += 8) rows.push_back(y);
-        for (int y = 2; y < image->Height; y += 4) rows.push_back(y);
-        for (int y = 1; y < image->Height; y += 2) rows.push_back(y);
+        for (int y = 0; y < image->Height; y += 8)
+            rows.push_back(y);
+        for (int y = 4; y < image->Height; y += 8)
+            rows.push_back(y);
+        for (int y = 2; y < image->Height; y += 4)
+            rows.push_back(y);
+        for (int y = 1; y < image->Height; y += 2)
+            rows.push_back(y);
     } else {
-        for (int y = 0; y < image->Height; ++y) rows.push_back(y);
+        for (int y = 0; y < image->Height; ++y)
+            rows.push_back(y);
     }
     Bytes pixels;
     for (const int y : rows) {
@@ -77,8 +82,7 @@ Bytes PixelsInOrder(const PackedDib* image, const GifImageDescriptor& descriptor
     return pixels;
 }
 
-void PutMiss(Bytes* out, std::uint32_t ent, std::uint8_t c, std::uint32_t h,
-             PlainLzwState* state) {
+void PutMiss(Bytes* out, std::uint32_t ent, std::uint8_t c, std::uint32_t h, PlainLzwState* state) {
     PutCode(out, static_cast<int>(ent), state);
     const int before = state->NextCode;
     if (state->NextCode < 4096) {
@@ -118,7 +122,8 @@ Bytes PlainLzwWriteImage(const PackedDib* image, const GifImageDescriptor& descr
             hit = state.Prefixes[h] == ent && state.Suffixes[h] == c;
             if (hit) break;
             h += step;
-            while (h >= kSlots) h -= kSlots;
+            while (h >= kSlots)
+                h -= kSlots;
         }
         if (hit) {
             ent = state.Codes[h];

@@ -167,7 +167,8 @@ void AddImageToTree(ColorTree& tree, const PackedDib* image) {
         while (x < image->Width) {
             const std::uint8_t* pixel = row + std::ptrdiff_t{3} * x;
             int n = 1;
-            while (x + n < image->Width && std::memcmp(pixel, pixel + std::ptrdiff_t{3} * n, 3) == 0) {
+            while (x + n < image->Width &&
+                   std::memcmp(pixel, pixel + std::ptrdiff_t{3} * n, 3) == 0) {
                 ++n;
             }
             AddRun(tree, pixel, n);
@@ -191,7 +192,8 @@ void GatherUnique(UniqueTable& table, const PackedDib* image) {
             const ColorWord color = GetDibPixel(image, x, y);
             const std::uint8_t wanted[3] = {RedOf(color), GreenOf(color), BlueOf(color)};
             std::int64_t i = 0;
-            while (i < table.Count && std::memcmp(table.Colors + 3 * i, wanted, 3) != 0) ++i;
+            while (i < table.Count && std::memcmp(table.Colors + 3 * i, wanted, 3) != 0)
+                ++i;
             if (i < table.Count) continue;
             std::memcpy(table.Colors + 3 * i, wanted, 3);
             ++table.Count;
@@ -228,7 +230,8 @@ int QuantizeFrames(int* count, std::uint8_t* palette, const FrameList* frames) {
     int target = *count;
     if (target == 0 || target > kPaletteEntries) target = kPaletteEntries;
     ColorTree tree;
-    for (int rest = target; rest != 0; rest >>= 2) ++tree.Depth;
+    for (int rest = target; rest != 0; rest >>= 2)
+        ++tree.Depth;
     if (tree.Depth < 2) tree.Depth = 2;
     if (tree.Depth > 8) tree.Depth = 8;
     tree.Root = NewNode(tree, 0, 0, nullptr);

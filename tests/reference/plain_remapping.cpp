@@ -98,7 +98,8 @@ void DitherToColors(const PackedDib* source, PackedDib* image, const std::uint8_
         }
         for (int x = 0; x < width; ++x) {
             int value[3];
-            for (int c = 0; c < 3; ++c) value[c] = Clamp(current[static_cast<std::size_t>(3 * x + c)]);
+            for (int c = 0; c < 3; ++c)
+                value[c] = Clamp(current[static_cast<std::size_t>(3 * x + c)]);
             const int index = chooser.Choose(value[0], value[1], value[2]);
             SetDibPixel(image, x, height - 1 - row, static_cast<std::uint32_t>(index));
             for (int c = 0; c < 3; ++c) {

@@ -19,7 +19,7 @@ int BuildRow(StyleContext* context) {
 
 template <int Row>
 constexpr StyleEntry kEntry{
-    "Toy",   "Style000", 0, {}, nullptr, Row == test::kRowWithoutBuild ? nullptr : &BuildRow<Row>,
+    "Toy",    "Style000", 0, {}, nullptr, Row == test::kRowWithoutBuild ? nullptr : &BuildRow<Row>,
     100 + Row};
 
 }  // namespace

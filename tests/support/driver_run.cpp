@@ -8,6 +8,7 @@ namespace tess::test {
 namespace {
 
 constexpr int kFixedPalettes = 9;
+constexpr int kStyleRows = kStyleCount + 5;  // more than there are, to select beyond them
 
 struct Run {
     const DialogSettings* settings;
@@ -29,7 +30,7 @@ void SelectRow(platform::WindowHandle dialog, int id, int rows, int row) {
 }
 
 void SetDialog(platform::WindowHandle dialog, const DialogSettings& settings) {
-    SelectRow(dialog, 58, kStyleCount, settings.style);
+    SelectRow(dialog, 58, kStyleRows, settings.style);
     SelectRow(dialog, 13, kFixedPalettes, settings.palette);
     platform::SetChecked(dialog, 10, settings.true_color);
     platform::SetChecked(dialog, 14, settings.custom_palette);

@@ -161,8 +161,11 @@ void ReadImageData(Input& input, std::size_t pixels, GifFrame* frame) {
     frame->indexes = LzwDecoder(frame->minimum_code_size, std::move(bytes)).Decode(pixels);
 }
 
-void ReadScreen(Input& input, GifFile* gif) {
-    Require(std::memcmp(input.Take(6).data(), "GIF89a", 6) == 0, "no GIF89a header");
+void ReadScreen(Input& input, GifVersion version, GifFile* gif) {
+    const auto header = input.Take(6);
+    Require(std::memcmp(header.data(), "GIF89a", 6) == 0 ||
+                (version == GifVersion::Any && std::memcmp(header.data(), "GIF87a", 6) == 0),
+            "no GIF89a header");
     gif->width = input.Word();
     gif->height = input.Word();
     gif->packed = input.Byte();
@@ -184,6 +187,15 @@ void ReadLoop(Input& input, GifFile* gif) {
     input.Expect(0, "no terminator of the loop extension");
 }
 
+void ReadComment(Input& input, GifFile* gif) {
+    Require(gif->comment.empty(), "a second comment");
+    while (const std::uint8_t size = input.Byte()) {
+        const auto block = input.Take(size);
+        gif->comment.append(block.begin(), block.end());
+    }
+    Require(!gif->comment.empty(), "an empty comment");
+}
+
 void ReadGraphicControl(Input& input, GifFrame* frame) {
     input.Expect(4, "a wrong size of a Graphic Control Extension");
     frame->control_packed = input.Byte();
@@ -198,21 +210,28 @@ void ReadImage(Input& input, const GifFile& gif, GifFrame* frame) {
     frame->height = input.Word();
     Require(frame->width <= gif.width && frame->height <= gif.height, "an image beyond the screen");
     frame->descriptor_packed = input.Byte();
-    Require((frame->descriptor_packed & 0xE0) == 0, "an image with a table, or interlaced");
+    Require((frame->descriptor_packed & 0x60) == 0, "an interlaced image or a sorted table");
+    int depth = gif.depth;
+    if ((frame->descriptor_packed & 0x80) != 0) {
+        depth = (frame->descriptor_packed & 7) + 1;
+        const auto table = input.Take(std::size_t{3} << depth);
+        frame->own_table.assign(table.begin(), table.end());
+    }
     ReadImageData(input, std::size_t{frame->width} * frame->height, frame);
     Require(std::all_of(frame->indexes.begin(), frame->indexes.end(),
-                        [&](std::uint8_t index) { return index < 1 << gif.depth; }),
+                        [&](std::uint8_t index) { return index < 1 << depth; }),
             "an index beyond the table");
 }
 
-GifFile ReadBlocks(Input& input) {
+GifFile ReadBlocks(Input& input, GifVersion version) {
     GifFile gif;
-    ReadScreen(input, &gif);
+    ReadScreen(input, version, &gif);
     std::optional<GifFrame> frame;
     for (;;) {
         const std::uint8_t block = input.Byte();
         if (block == 0x3B) break;
         if (block == 0x2C) {
+            if (version == GifVersion::Any && !frame.has_value()) frame.emplace();
             Require(frame.has_value(), "an image without a Graphic Control Extension");
             ReadImage(input, gif, &*frame);
             gif.frames.push_back(std::move(*frame));
@@ -221,9 +240,12 @@ GifFile ReadBlocks(Input& input) {
         }
         Require(block == 0x21, "an unknown block");
         const std::uint8_t label = input.Byte();
-        Require(!frame.has_value(), "an extension between a Graphic Control Extension and its image");
+        Require(!frame.has_value(),
+                "an extension between a Graphic Control Extension and its image");
         if (label == 0xFF) {
             ReadLoop(input, &gif);
+        } else if (label == 0xFE) {
+            ReadComment(input, &gif);
         } else {
             Require(label == 0xF9, "an unknown extension");
             ReadGraphicControl(input, &frame.emplace());
@@ -236,10 +258,11 @@ GifFile ReadBlocks(Input& input) {
 
 }  // namespace
 
-std::optional<GifFile> ReadGif(std::span<const std::uint8_t> bytes, std::string* error) {
+std::optional<GifFile> ReadGif(std::span<const std::uint8_t> bytes, std::string* error,
+                               GifVersion version) {
     try {
         Input input(bytes);
-        return ReadBlocks(input);
+        return ReadBlocks(input, version);
     } catch (const Refusal& refusal) {
         if (error != nullptr) *error = refusal.reason;
         return std::nullopt;

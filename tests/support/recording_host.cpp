@@ -13,7 +13,8 @@ void Record(const std::string& event, bool as_told) {
     Events().push_back(as_told ? event : event + "?");
 }
 
-std::int64_t Open(const char* event, const TaskRecord* null_task, std::int64_t a, TaskRecord* task) {
+std::int64_t Open(const char* event, const TaskRecord* null_task, std::int64_t a,
+                  TaskRecord* task) {
     Record(event, null_task == nullptr && a == 0);
     if (current->refuses_task) return 0;
     current->task = *task;

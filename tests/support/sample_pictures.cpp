@@ -30,9 +30,11 @@ class Painter {
 public:
     Painter(PictureKind kind, std::uint32_t seed) : kind_(kind), random_(seed) {
         color_ = DrawColor(random_);
-        for (ColorWord& color : few_) color = DrawColor(random_);
+        for (ColorWord& color : few_)
+            color = DrawColor(random_);
         few_count_ = 1 + Draw(random_, 40);
-        for (int& speed : speeds_) speed = 1 + Draw(random_, 3);
+        for (int& speed : speeds_)
+            speed = 1 + Draw(random_, 3);
     }
 
     ColorWord At(int x, int y) {
@@ -88,7 +90,8 @@ ImageHandle MakeIndexedPicture(int width, int height, int depth, std::uint32_t s
     if (!image) return nullptr;
     Random random(seed);
     for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) SetDibPixel(image.Get(), x, y, DrawWord(random));
+        for (int x = 0; x < width; ++x)
+            SetDibPixel(image.Get(), x, y, DrawWord(random));
     }
     return handle;
 }

@@ -19,11 +19,10 @@ enum class PictureKind {
 inline constexpr int kPictureKinds = 6;
 
 /// Returns a picture of 24 bits, or of 32 with random alpha. The caller owns it.
-[[nodiscard]] ImageHandle MakePicture(PictureKind kind, int width, int height,
-                                      std::uint32_t seed, int depth = 24);
+[[nodiscard]] ImageHandle MakePicture(PictureKind kind, int width, int height, std::uint32_t seed,
+                                      int depth = 24);
 /// Returns a picture of random indexes with a random table, of 1, 4 or 8 bits.
-[[nodiscard]] ImageHandle MakeIndexedPicture(int width, int height, int depth,
-                                             std::uint32_t seed);
+[[nodiscard]] ImageHandle MakeIndexedPicture(int width, int height, int depth, std::uint32_t seed);
 /// Fills 256 entries: scattered or crowded colours, some of them twice.
 void MakePalette(std::uint8_t* palette, std::uint32_t seed);
 

@@ -1,0 +1,78 @@
+// The sample and the Build of every style at its start values. A sample is
+// rendered at each change of a control, so it has to be quick.
+#include <benchmark/benchmark.h>
+#include <string>
+
+#include "platform/files.h"
+#include "platform/headless_user.h"
+#include "shell/main_dialog.h"
+#include "shell/style_table.h"
+
+namespace tess {
+
+namespace {
+
+std::int64_t AnswerYes(TaskRecord*, std::int64_t, std::int64_t, std::int64_t) {
+    return 1;
+}
+
+constexpr HostServices kServices{sizeof(HostServices), kHostVersion, 0, 0, AnswerYes, 0, 3, 0};
+
+/// What one benchmark does in an open dialog.
+struct Work {
+    benchmark::State* state;
+    int style;
+    void (*run)(const Work& work, platform::WindowHandle dialog);
+};
+
+void InDialog(Work work) {
+    platform::SetUserFolder("no-such-folder");  // start values, and nothing is written
+    platform::SetHeadlessUser(
+        [](platform::WindowHandle dialog, void* context) {
+            const Work& asked = *static_cast<Work*>(context);
+            platform::SetSelection(dialog, kEffectList, asked.style);
+            asked.run(asked, dialog);
+            platform::EndDialog(dialog, 0);
+        },
+        &work);
+    RunMainDialog(nullptr, &kServices);
+    platform::SetHeadlessUser(nullptr, nullptr);
+}
+
+void RunSamples(const Work& work, platform::WindowHandle dialog) {
+    for ([[maybe_unused]] auto _ : *work.state) {
+        const Sample sample = RenderSample(dialog, 246, 228);
+        if (sample.Image == nullptr) return work.state->SkipWithError("no sample");
+        platform::FreeBlock(sample.Image);
+    }
+}
+
+void RunBuilds(const Work& work, platform::WindowHandle dialog) {
+    for ([[maybe_unused]] auto _ : *work.state) {
+        FrameList frames{};
+        StyleContext context{};
+        context.Dialog = dialog;
+        context.Frames = &frames;
+        context.Host = &kServices;
+        const bool built = StyleTable[work.style]->Build(&context) != 0;
+        FrameListFree(&frames);
+        if (!built) return work.state->SkipWithError("no frames");
+    }
+}
+
+const bool registered = [] {
+    for (int style = 0; style < kStyleCount; ++style) {
+        const std::string name = StyleTable[style]->Name;
+        benchmark::RegisterBenchmark(("Sample/" + name).c_str(), [style](benchmark::State& state) {
+            InDialog({&state, style, RunSamples});
+        })->Unit(benchmark::kMillisecond);
+        benchmark::RegisterBenchmark(("Build/" + name).c_str(), [style](benchmark::State& state) {
+            InDialog({&state, style, RunBuilds});
+        })->Unit(benchmark::kMillisecond);
+    }
+    return true;
+}();
+
+}  // namespace
+
+}  // namespace tess

@@ -1,0 +1,102 @@
+// A test of one style: its panel in the real dialog, its two slots, its draws.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "pipeline/image_buffers.h"
+#include "runtime/random.h"
+#include "tests/shell/main_dialog_fixture.h"
+
+namespace tess::test {
+
+class StyleTest : public MainDialogTest {
+protected:
+    static const StyleEntry& Style(std::string_view name) {
+        for (const StyleEntry* style : StyleTable) {
+            if (style->Name == name) return *style;
+        }
+        ADD_FAILURE() << "no style " << name;
+        return *StyleTable[0];
+    }
+
+    static void Set(platform::WindowHandle dialog, int control, int value) {
+        platform::SetControlText(dialog, control, std::to_string(value));
+    }
+
+    /// The style's sample, owned by the caller; null when its Test failed.
+    static ImageHandle RenderTest(const StyleEntry& style, platform::WindowHandle dialog) {
+        StyleContext context{};
+        context.Dialog = dialog;
+        const int answer = style.Test(&context);
+        EXPECT_EQ(answer != 0, context.Result != nullptr);
+        return context.Result;
+    }
+
+    /// The frames of the style's Build, which the caller frees.
+    static FrameList RenderBuild(const StyleEntry& style, platform::WindowHandle dialog) {
+        const HostServices services{
+            sizeof(HostServices),
+            kHostVersion,
+            0,
+            0,
+            [](TaskRecord*, std::int64_t, std::int64_t, std::int64_t) -> std::int64_t { return 1; },
+            0,
+            3,
+            0};
+        FrameList frames{};
+        StyleContext context{};
+        context.Dialog = dialog;
+        context.Frames = &frames;
+        context.Host = &services;
+        EXPECT_NE(style.Build(&context), 0);
+        return frames;
+    }
+
+    /// All bytes of a picture's block, which is freed.
+    static std::vector<std::uint8_t> TakeBytes(ImageHandle image) {
+        std::vector<std::uint8_t> bytes;
+        {
+            const LockedImage locked(image);
+            if (locked) {
+                const std::uint8_t* first = reinterpret_cast<const std::uint8_t*>(locked.Get());
+                const std::uint8_t* last = DibRow(locked.Get(), 0);
+                bytes.assign(first, last + Stride(locked->Width, locked->BitCount));
+            }
+        }
+        platform::FreeBlock(image);
+        return bytes;
+    }
+
+    /// The bytes of every frame; the list is freed.
+    static std::vector<std::vector<std::uint8_t>> TakeFrames(FrameList frames) {
+        std::vector<std::vector<std::uint8_t>> all;
+        {
+            const platform::LockedBlock<FrameRecord> records(frames.Records);
+            for (int i = 0; i < frames.Count; ++i) {
+                all.push_back(TakeBytes(std::exchange(records.Get()[i].Image, nullptr)));
+            }
+        }
+        FrameListFree(&frames);
+        return all;
+    }
+
+    /// How many draws were made since `seed` was set, at most `most`; -1 beyond.
+    static int DrawsSince(unsigned seed, int most) {
+        constexpr int kMatch = 4;  // draws that must agree
+        int next[kMatch];
+        for (int& draw : next)
+            draw = runtime::rand();
+        runtime::srand(seed);
+        std::vector<int> draws;
+        for (int i = 0; i < most + kMatch; ++i)
+            draws.push_back(runtime::rand());
+        for (int made = 0; made <= most; ++made) {
+            if (std::equal(next, next + kMatch, draws.begin() + made)) return made;
+        }
+        return -1;
+    }
+};
+
+}  // namespace tess::test
