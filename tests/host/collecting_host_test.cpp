@@ -9,7 +9,7 @@
 namespace tess {
 namespace {
 
-class CollectingHostTest : public testing::Test {
+class CollectingHostTest : public ::testing::Test {
 protected:
     CollectingHostTest() {
         OpenHost(&host_, DelayUnit::Hundredths, true);
@@ -145,8 +145,8 @@ TEST_F(CollectingHostTest, ReportsReachTheirReceiver) {
     host_.Reports = {
         [](void* context, const char* title) { *static_cast<std::string*>(context) += title; },
         [](void* context, std::int64_t done, std::int64_t total) {
-            *static_cast<std::string*>(context) +=
-                " " + std::to_string(done) + "/" + std::to_string(total);
+            static_cast<std::string*>(context)->append(" ").append(std::to_string(done));
+            static_cast<std::string*>(context)->append("/").append(std::to_string(total));
         },
         &log};
     CallHost(&host_.Services, nullptr, HostOp::StageTitle, 0, "Building");

@@ -22,7 +22,7 @@ std::string TextOf(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-class FrameFolderTest : public testing::Test {
+class FrameFolderTest : public ::testing::Test {
 protected:
     FrameFolderTest() {
         StartAnimation(animation_, 2, 2, 3);

@@ -16,7 +16,7 @@ using test::GifFile;
 using test::StartAnimation;
 using Indexes = std::vector<std::uint8_t>;
 
-class GifFileTest : public testing::Test {
+class GifFileTest : public ::testing::Test {
 protected:
     GifFile Written() {
         const std::string path = folder_.File("animation.gif");

@@ -65,7 +65,7 @@ Bytes Inflate(const Chunk& chunk, std::size_t expected) {
     return rows;
 }
 
-class PngFileTest : public testing::Test {
+class PngFileTest : public ::testing::Test {
 protected:
     std::vector<Chunk> Written() {
         EXPECT_EQ(WriteAnimatedPng(animation_, path_), FileResult::Written);

@@ -39,7 +39,7 @@ std::vector<ShownFrame> ReadWebp(const std::string& path, WebPAnimInfo* info) {
     return frames;
 }
 
-class WebpFileTest : public testing::Test {
+class WebpFileTest : public ::testing::Test {
 protected:
     std::vector<ShownFrame> Written() {
         EXPECT_EQ(WriteWebp(animation_, path_), FileResult::Written);
