@@ -48,7 +48,7 @@ struct BuildRun {
     bool CustomPalette = false;
     bool Supercompress = false;
     bool MaskBackground = false;
-    ColorWord BackgroundColor = 0;  ///< or kNoBackground
+    ColorWord BackgroundColor = 0;     ///< or kNoBackground
     int MostColors = kPaletteEntries;  ///< of a custom palette, with all slots that it needs
 
     std::uint8_t Palette[kPaletteBytes] = {};

@@ -119,8 +119,8 @@ constexpr CommandRow kCommands[] = {
      "Takes pictures (.png, .bmp, .ppm), all of one size, as the frames of an animation, through "
      "quantizing, remapping and writing exactly as the frames of a Build go.",
      RunEncode},
-    {"styles", kStylesBit, "", 0, 0, "List the styles.",
-     "Lists the styles by index and name.", RunStyles},
+    {"styles", kStylesBit, "", 0, 0, "List the styles.", "Lists the styles by index and name.",
+     RunStyles},
     {"params", kParamsBit, "STYLE", 1, 1, "List the parameters of a style.",
      "Lists for each parameter of the style its name and key (either goes with --set), its control "
      "id, kind, range or choices, start value and label.",

@@ -33,8 +33,8 @@ struct CommandRow {
 };
 
 struct OptionRow {
-    const char* Name;  ///< without the dashes
-    char Letter;       ///< 0 for none
+    const char* Name;   ///< without the dashes
+    char Letter;        ///< 0 for none
     const char* Value;  ///< what its value is called; null for an option without one
     unsigned Commands;  ///< CommandBits
     const char* ShortHelp;

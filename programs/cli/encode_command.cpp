@@ -44,8 +44,8 @@ int ReadFrames(const Request& request, BuildRun& run) {
         const Size size = SizeOf(picture.Get());
         if (run.Frames.Count() == 0) first = size;
         if (size.width != first.width || size.height != first.height) {
-            return Refuse(path, "is " + SizeText(size) + " pixels; the first picture is " +
-                                    SizeText(first));
+            return Refuse(
+                path, "is " + SizeText(size) + " pixels; the first picture is " + SizeText(first));
         }
         const FrameRecord record{picture.Get(), nullptr, static_cast<std::uint32_t>(request.Delay),
                                  -1};

@@ -62,11 +62,15 @@ void ForEachChoice(const StyleParameter& parameter, Take take) {
 
 int PickerCells(ParameterKind kind) {
     switch (kind) {
-        case ParameterKind::ShadowDirection: return 8;
-        case ParameterKind::Scroll4: return 4;
+        case ParameterKind::ShadowDirection:
+            return 8;
+        case ParameterKind::Scroll4:
+            return 4;
         case ParameterKind::Scroll2:
-        case ParameterKind::ScrollHv: return 2;
-        default: return 0;
+        case ParameterKind::ScrollHv:
+            return 2;
+        default:
+            return 0;
     }
 }
 
@@ -121,8 +125,10 @@ std::string TakesText(const DialogTemplate* panel, const StyleParameter& paramet
             const SpinnerRange range = RangeOf(panel, parameter);
             return std::to_string(range.minimum) + " to " + std::to_string(range.maximum);
         }
-        case ParameterKind::ColorButton: return "#RRGGBB";
-        case ParameterKind::CheckBox: return "yes, no";
+        case ParameterKind::ColorButton:
+            return "#RRGGBB";
+        case ParameterKind::CheckBox:
+            return "yes, no";
         case ParameterKind::ChoiceList: {
             std::string choices;
             ForEachChoice(parameter, [&](std::string_view choice) {
@@ -131,18 +137,24 @@ std::string TakesText(const DialogTemplate* panel, const StyleParameter& paramet
             return choices;
         }
         case ParameterKind::Fountain:
-        case ParameterKind::Matrix: return "hexadecimal";
-        default: return "0 to " + std::to_string(PickerCells(parameter.Kind) - 1);
+        case ParameterKind::Matrix:
+            return "hexadecimal";
+        default:
+            return "0 to " + std::to_string(PickerCells(parameter.Kind) - 1);
     }
 }
 
 std::string StartText(const StyleParameter& parameter) {
     switch (parameter.Kind) {
-        case ParameterKind::ColorButton: return ColorText(parameter.Start);
-        case ParameterKind::CheckBox: return parameter.Start != 0 ? "yes" : "no";
+        case ParameterKind::ColorButton:
+            return ColorText(parameter.Start);
+        case ParameterKind::CheckBox:
+            return parameter.Start != 0 ? "yes" : "no";
         case ParameterKind::Fountain:
-        case ParameterKind::Matrix: return "";
-        default: return std::to_string(parameter.Start);
+        case ParameterKind::Matrix:
+            return "";
+        default:
+            return std::to_string(parameter.Start);
     }
 }
 
@@ -209,8 +221,8 @@ int RunParams(const Request& request) {
     const StyleEntry& style = *StyleTable[index];
     const DialogTemplate* panel = platform::FindDialogTemplate(style.PanelTemplate);
     std::printf("%d  %s\n\n", index, style.Name);
-    std::printf("%-18s %-24s %-7s %-16s %-20s %-8s %s\n", "NAME", "KEY", "CONTROL", "LABEL", "TAKES",
-                "START", "KIND");
+    std::printf("%-18s %-24s %-7s %-16s %-20s %-8s %s\n", "NAME", "KEY", "CONTROL", "LABEL",
+                "TAKES", "START", "KIND");
     for (const StyleParameter& parameter : style.Parameters) {
         std::printf("%-18s %-24s %-7d %-16s %-20s %-8s %s\n",
                     ParameterName(style, parameter).c_str(),

@@ -1,3 +1,4 @@
+#include <csignal>
 #include <cstdio>
 #include <string>
 #include <string_view>
@@ -9,6 +10,8 @@
 #include "programs/cli/session.h"
 
 int main(int count, char** words) {
+    // A file that grows beyond the limit is then a failed write, not the end.
+    std::signal(SIGXFSZ, SIG_IGN);
     const std::vector<std::string_view> arguments(words + (count > 0 ? 1 : 0), words + count);
     tess::Request request;
     const std::string error = tess::ParseCommandLine(arguments, &request);

@@ -49,11 +49,16 @@ int TryFile(const std::string& path) {
 
 FileResult WriteAnimation(const Animation& animation, const std::string& path) {
     switch (FormatOf(path)) {
-        case OutputFormat::Gif: return WriteGifFile(animation, path);
-        case OutputFormat::WebP: return WriteWebp(animation, path);
-        case OutputFormat::Png: return WriteAnimatedPng(animation, path);
-        case OutputFormat::Folder: return WriteFrameFolder(animation, path);
-        case OutputFormat::Unknown: break;
+        case OutputFormat::Gif:
+            return WriteGifFile(animation, path);
+        case OutputFormat::WebP:
+            return WriteWebp(animation, path);
+        case OutputFormat::Png:
+            return WriteAnimatedPng(animation, path);
+        case OutputFormat::Folder:
+            return WriteFrameFolder(animation, path);
+        case OutputFormat::Unknown:
+            break;
     }
     return FileResult::CannotCreate;
 }
@@ -75,8 +80,10 @@ int CheckOutput(const std::string& path) {
             TellUser(path +
                      ": unknown ending; it takes .gif, .webp, .png, or / for a folder of frames");
             return kWrongUse;
-        case OutputFormat::Folder: return CheckFolder(path);
-        default: return TryFile(path);
+        case OutputFormat::Folder:
+            return CheckFolder(path);
+        default:
+            return TryFile(path);
     }
 }
 

@@ -3,14 +3,13 @@
 // order. PPM is read in both forms, P3 (text) and P6, of up to 16 bits a channel.
 #include "programs/cli/picture_file.h"
 
-#include <png.h>
-
 #include <cctype>
 #include <climits>
 #include <cstdio>
 #include <cstring>
 #include <memory>
 #include <optional>
+#include <png.h>
 
 #include "platform/files.h"
 
@@ -139,8 +138,7 @@ std::optional<BmpLayout> ReadBmpLayout(const Bytes& file, std::string* error) {
         const std::size_t full = std::size_t{1} << layout.bits;
         layout.table_entries = used == 0 || used > full ? full : used;
     }
-    layout.stride =
-        static_cast<std::size_t>((layout.width * layout.bits + 31) / 32 * 4);
+    layout.stride = static_cast<std::size_t>((layout.width * layout.bits + 31) / 32 * 4);
     const bool table_fits = layout.table + 4 * layout.table_entries <= file.size();
     const bool pixels_fit =
         layout.pixels <= file.size() &&
@@ -222,7 +220,8 @@ private:
     [[nodiscard]] std::optional<std::int64_t> ReadSample(std::size_t bytes) {
         if (place_ + bytes > file_.size()) return std::nullopt;
         std::int64_t value = 0;
-        for (std::size_t i = 0; i < bytes; ++i) value = value << 8 | file_[place_++];
+        for (std::size_t i = 0; i < bytes; ++i)
+            value = value << 8 | file_[place_++];
         return value;
     }
 
@@ -240,7 +239,8 @@ private:
     void SkipBlanks() {
         while (place_ < file_.size()) {
             if (file_[place_] == '#') {
-                while (place_ < file_.size() && file_[place_] != '\n') ++place_;
+                while (place_ < file_.size() && file_[place_] != '\n')
+                    ++place_;
             } else if (std::isspace(file_[place_]) == 0) {
                 return;
             } else {

@@ -1,8 +1,7 @@
 #include "programs/cli/progress_bar.h"
 
-#include <unistd.h>
-
 #include <cstdio>
+#include <unistd.h>
 
 namespace tess {
 namespace {

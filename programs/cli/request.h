@@ -40,7 +40,7 @@ struct Request {
     std::optional<bool> HostTrueColor;
 
     // Of `encode`.
-    int Colors = 0;  ///< wanted for the animation's own palette, 0 for as many as fit
+    int Colors = 0;    ///< wanted for the animation's own palette, 0 for as many as fit
     int Palette = -1;  ///< index of a fixed palette, -1 for the animation's own
     bool Dither = false;
     bool Supercompress = false;

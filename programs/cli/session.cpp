@@ -42,8 +42,8 @@ bool AnswerMessageBox(platform::WindowHandle dialog, std::vector<std::string>* m
 // Sets everything as the request says. Returns what is wrong with it.
 std::string SetValues(platform::WindowHandle dialog, const UserState& user) {
     if (user.Style >= 0) LoadControlValue(dialog, kEffectList, std::to_string(user.Style));
-    const bool to_gif = user.Want == Wish::Build &&
-                        FormatOf(user.Asked->Output) == OutputFormat::Gif;
+    const bool to_gif =
+        user.Want == Wish::Build && FormatOf(user.Asked->Output) == OutputFormat::Gif;
     if (to_gif) LoadControlValue(dialog, kTrueColorBox, "0");
     for (const Setting& setting : user.Asked->Settings) {
         std::string error = ApplySetting(dialog, setting);
@@ -58,8 +58,10 @@ std::string SetValues(platform::WindowHandle dialog, const UserState& user) {
 
 void PressOrKeep(platform::WindowHandle dialog, const UserState& user) {
     switch (user.Want) {
-        case Wish::Build: return platform::ClickControl(dialog, kBuildButton);
-        case Wish::Preview: return platform::ClickControl(dialog, kPreviewButton);
+        case Wish::Build:
+            return platform::ClickControl(dialog, kBuildButton);
+        case Wish::Preview:
+            return platform::ClickControl(dialog, kPreviewButton);
         case Wish::Sample:
             user.Run->Sample.Reset(RenderSample(dialog, 0, 0).Image);
             platform::PostCommand(dialog, kCancelButton);
@@ -82,20 +84,26 @@ void ActAsUser(platform::WindowHandle dialog, void* context) {
             user.Next = Step::GiveUp;
             platform::PostCommand(dialog, kCancelButton);
             return;
-        case Step::GiveUp: platform::EndDialog(dialog, 0); return;
+        case Step::GiveUp:
+            platform::EndDialog(dialog, 0);
+            return;
     }
 }
 
 int TellMessages(const std::vector<std::string>& messages) {
-    for (const std::string& message : messages) TellUser(message);
+    for (const std::string& message : messages)
+        TellUser(message);
     return messages.empty() ? kDone : kFailed;
 }
 
 bool HasResult(Wish wish, const Session& session) {
     switch (wish) {
-        case Wish::Build: return session.Host.State == TaskState::Kept;
-        case Wish::Sample: return static_cast<bool>(session.Sample);
-        case Wish::Preview: return true;
+        case Wish::Build:
+            return session.Host.State == TaskState::Kept;
+        case Wish::Sample:
+            return static_cast<bool>(session.Sample);
+        case Wish::Preview:
+            return true;
     }
     return false;
 }

@@ -66,9 +66,8 @@ const ConfigKey* FindVariable(std::string_view key) {
 }
 
 bool IsNumberText(std::string_view text) {
-    return !text.empty() && std::all_of(text.begin(), text.end(), [](unsigned char c) {
-        return std::isdigit(c) != 0;
-    });
+    return !text.empty() && std::all_of(text.begin(), text.end(),
+                                        [](unsigned char c) { return std::isdigit(c) != 0; });
 }
 
 // The control that `key` means, or 0.
@@ -139,9 +138,8 @@ LineValue ChoiceValue(platform::WindowHandle dialog, int id, std::string_view te
 }
 
 LineValue BlockValue(std::string_view text) {
-    const bool is_hexadecimal = std::all_of(text.begin(), text.end(), [](unsigned char c) {
-        return std::isxdigit(c) != 0;
-    });
+    const bool is_hexadecimal = std::all_of(text.begin(), text.end(),
+                                            [](unsigned char c) { return std::isxdigit(c) != 0; });
     if (text.empty() || text.size() % 2 != 0 || !is_hexadecimal) {
         return Wrong("is no block; it takes two hexadecimal digits for each byte");
     }

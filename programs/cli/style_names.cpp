@@ -49,16 +49,26 @@ std::string ParameterName(const StyleEntry& style, const StyleParameter& paramet
 
 const char* KindName(ParameterKind kind) {
     switch (kind) {
-        case ParameterKind::Spinner: return "spinner";
-        case ParameterKind::ColorButton: return "color";
-        case ParameterKind::CheckBox: return "check";
-        case ParameterKind::ChoiceList: return "choice";
-        case ParameterKind::ShadowDirection: return "shadow-direction";
-        case ParameterKind::Scroll4: return "scroll-4";
-        case ParameterKind::Scroll2: return "scroll-2";
-        case ParameterKind::ScrollHv: return "scroll-hv";
-        case ParameterKind::Fountain: return "fountain";
-        case ParameterKind::Matrix: return "matrix";
+        case ParameterKind::Spinner:
+            return "spinner";
+        case ParameterKind::ColorButton:
+            return "color";
+        case ParameterKind::CheckBox:
+            return "check";
+        case ParameterKind::ChoiceList:
+            return "choice";
+        case ParameterKind::ShadowDirection:
+            return "shadow-direction";
+        case ParameterKind::Scroll4:
+            return "scroll-4";
+        case ParameterKind::Scroll2:
+            return "scroll-2";
+        case ParameterKind::ScrollHv:
+            return "scroll-hv";
+        case ParameterKind::Fountain:
+            return "fountain";
+        case ParameterKind::Matrix:
+            return "matrix";
     }
     return "";
 }
@@ -77,8 +87,7 @@ ParameterPlace FindParameterByKey(std::string_view key) {
 }
 
 ParameterPlace FindParameterByControl(int id) {
-    return FindInAll(
-        [&](const StyleParameter& parameter) { return parameter.ControlId == id; });
+    return FindInAll([&](const StyleParameter& parameter) { return parameter.ControlId == id; });
 }
 
 }  // namespace tess

@@ -1,8 +1,7 @@
 #include "host/collecting_host.h"
 
-#include <gtest/gtest.h>
-
 #include <cstring>
+#include <gtest/gtest.h>
 
 #include "tests/host/sample_animations.h"
 

@@ -1,7 +1,6 @@
 #include "host/composition.h"
 
 #include <gtest/gtest.h>
-
 #include <vector>
 
 #include "tests/host/sample_animations.h"

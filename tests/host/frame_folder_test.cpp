@@ -1,9 +1,8 @@
 #include "host/frame_folder.h"
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <fstream>
+#include <gtest/gtest.h>
 
 #include "host/bmp_file.h"
 #include "tests/host/sample_animations.h"
@@ -42,8 +41,8 @@ TEST_F(FrameFolderTest, EachFrameIsItsBlockBehindAFileHeader) {
     ASSERT_EQ(bytes.size(), 126u);
     EXPECT_EQ(bytes[0], 'B');
     EXPECT_EQ(bytes[1], 'M');
-    EXPECT_EQ(bytes[2], 126);   // file size
-    EXPECT_EQ(bytes[10], 118);  // where the pixels begin
+    EXPECT_EQ(bytes[2], 126);     // file size
+    EXPECT_EQ(bytes[10], 118);    // where the pixels begin
     EXPECT_EQ(bytes[118], 0x34);  // the bottom row
     EXPECT_EQ(bytes[122], 0x52);
 }
@@ -88,8 +87,7 @@ TEST_F(FrameFolderTest, FolderWithOtherFilesIsLeftAsItIs) {
 }
 
 TEST_F(FrameFolderTest, FolderThatIsNotThereIsTold) {
-    EXPECT_EQ(WriteFrameFolder(animation_, scratch_.File("none/frames")),
-              FileResult::CannotCreate);
+    EXPECT_EQ(WriteFrameFolder(animation_, scratch_.File("none/frames")), FileResult::CannotCreate);
 }
 
 TEST_F(FrameFolderTest, LockFailureLeavesNothing) {

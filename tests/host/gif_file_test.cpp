@@ -1,8 +1,7 @@
 #include "host/gif_file.h"
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
+#include <gtest/gtest.h>
 
 #include "tests/host/sample_animations.h"
 #include "tests/support/gif_reader.h"

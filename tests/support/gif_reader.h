@@ -1,6 +1,6 @@
 // A strict reader of GIF89a, for files with a global colour table and whole images,
-// as the Preview and the substitute host write them. It takes nothing that the format does not allow and nothing that is
-// left over: a file cut short at any byte is refused.
+// as the Preview and the substitute host write them. It takes nothing that the format does not
+// allow and nothing that is left over: a file cut short at any byte is refused.
 #pragma once
 
 #include <cstddef>

@@ -1,12 +1,11 @@
 #include "host/png_file.h"
 
-#include <gtest/gtest.h>
-#include <png.h>
-#include <zlib.h>
-
 #include <cstring>
 #include <filesystem>
+#include <gtest/gtest.h>
 #include <map>
+#include <png.h>
+#include <zlib.h>
 
 #include "tests/host/sample_animations.h"
 #include "tests/support/gif_reader.h"
@@ -38,7 +37,8 @@ std::vector<Chunk> ReadChunks(const std::string& path) {
     while (place + 12 <= bytes.size()) {
         const std::size_t size = NumberAt(bytes, place);
         const auto data = bytes.begin() + static_cast<std::ptrdiff_t>(place) + 8;
-        Chunk chunk{std::string(data - 4, data), Bytes(data, data + static_cast<std::ptrdiff_t>(size))};
+        Chunk chunk{std::string(data - 4, data),
+                    Bytes(data, data + static_cast<std::ptrdiff_t>(size))};
         EXPECT_EQ(NumberAt(bytes, place + 8 + size),
                   crc32(0, bytes.data() + place + 4, static_cast<uInt>(size + 4)));
         chunks.push_back(std::move(chunk));
@@ -50,7 +50,8 @@ std::vector<Chunk> ReadChunks(const std::string& path) {
 
 std::string Types(const std::vector<Chunk>& chunks) {
     std::string types;
-    for (const Chunk& chunk : chunks) types += (types.empty() ? "" : " ") + chunk.type;
+    for (const Chunk& chunk : chunks)
+        types += (types.empty() ? "" : " ") + chunk.type;
     return types;
 }
 
@@ -91,7 +92,8 @@ TEST_F(PngFileTest, IndexedFramesFollowTheAnimationChunks) {
 
 TEST_F(PngFileTest, SequenceNumbersRunThroughControlsAndData) {
     StartAnimation(animation_, 1, 1, 1);
-    for (std::uint32_t i = 0; i < 3; ++i) AddFrame(animation_, 4, -1, {i & 1});
+    for (std::uint32_t i = 0; i < 3; ++i)
+        AddFrame(animation_, 4, -1, {i & 1});
     std::uint32_t next = 0;
     for (const Chunk& chunk : Written()) {
         if (chunk.type == "fcTL" || chunk.type == "fdAT") {

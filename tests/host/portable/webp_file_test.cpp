@@ -1,10 +1,9 @@
 #include "host/webp_file.h"
 
-#include <gtest/gtest.h>
-#include <webp/demux.h>
-
 #include <filesystem>
+#include <gtest/gtest.h>
 #include <memory>
+#include <webp/demux.h>
 
 #include "tests/host/sample_animations.h"
 #include "tests/support/gif_reader.h"
@@ -18,7 +17,7 @@ using test::StartAnimation;
 using Bytes = std::vector<std::uint8_t>;
 
 struct ShownFrame {
-    int end;  ///< in milliseconds from the start
+    int end;       ///< in milliseconds from the start
     Bytes pixels;  ///< red, green, blue, alpha
 };
 
