@@ -238,7 +238,7 @@ int ControlId(WindowHandle control) {
 }
 
 std::string ControlClass(WindowHandle control) {
-    char name[64] = "";
+    char name[256] = "";
     GetClassNameA(WindowOf(control), name, sizeof name);
     CharUpperA(name);
     return name;

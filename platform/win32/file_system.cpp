@@ -7,11 +7,9 @@
 
 namespace platform {
 
-const char kPathSeparator = '\\';
-
 namespace {
 
-/// One of the shell's folders by its CSIDL number, empty when it cannot be found.
+/// One of the system's folders for the user, empty when it cannot be found.
 std::string SpecialFolder(int folder) {
     LPITEMIDLIST item = nullptr;
     if (FAILED(SHGetSpecialFolderLocation(nullptr, folder, &item))) return "";
@@ -23,13 +21,16 @@ std::string SpecialFolder(int folder) {
 
 }  // namespace
 
+const char kPathSeparator = '\\';
+
 std::string ApplicationDataFolder() {
     return SpecialFolder(CSIDL_APPDATA);
 }
 
 std::string DocumentsFolder() {
-    const std::string folder = SpecialFolder(CSIDL_PERSONAL);
-    return folder.empty() ? folder : folder + kPathSeparator;
+    std::string folder = SpecialFolder(CSIDL_PERSONAL);
+    if (!folder.empty() && folder.back() != kPathSeparator) folder += kPathSeparator;
+    return folder;
 }
 
 std::FILE* OpenStream(const char* path, const char* mode) {
