@@ -60,9 +60,9 @@ ImageHandle NewPackedDib(int width, int height, const std::uint8_t* palette, int
     const int bits = BitsForDepth(depth);
     if (width < 0 || height < 0) return nullptr;
     const std::int64_t stride = ((std::int64_t{width} * bits + 31) >> 5) << 2;
-    const std::int64_t image_size = stride * height;
     // The header holds the size in 32 bits, and the scaler counts pixels in them.
-    if (image_size > std::numeric_limits<std::int32_t>::max()) return nullptr;
+    if (height > 0 && stride > std::numeric_limits<std::int32_t>::max() / height) return nullptr;
+    const std::int64_t image_size = stride * height;
     const std::size_t table = ColorTableBytes(bits);
     platform::OwnedBlock block(
         platform::AllocateBlock(kHeaderBytes + table + static_cast<std::size_t>(image_size)));

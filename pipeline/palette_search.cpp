@@ -35,10 +35,6 @@ constexpr int FarthestReach(int value, int low, int high) {
     return std::max(high - value, value - low);
 }
 
-constexpr int Distance(int dr, int dg, int db) {
-    return 3 * dr * dr + 4 * dg * dg + 2 * db * db;
-}
-
 constexpr std::uint32_t kHashFactor = 2654435761U;  // 2^32 / golden ratio
 
 /// The upper `bits` bits of the colour's hash.

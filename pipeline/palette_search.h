@@ -68,6 +68,10 @@ private:
                static_cast<std::uint32_t>(BlueOf(color) >> cut) << (2 * bits);
     }
 
+    static constexpr int Distance(int dr, int dg, int db) {
+        return 3 * dr * dr + 4 * dg * dg + 2 * db * db;
+    }
+
     [[nodiscard]] int NearestOf(ColorWord color, const std::uint8_t* candidates, int count) const {
         int nearest = candidates[0];
         int least = DistanceTo(nearest, color);
@@ -83,7 +87,7 @@ private:
         const int dr = RedOf(color) - entry.Red;
         const int dg = GreenOf(color) - entry.Green;
         const int db = BlueOf(color) - entry.Blue;
-        return 3 * dr * dr + 4 * dg * dg + 2 * db * db;
+        return Distance(dr, dg, db);
     }
 
     void NoteEntry(int index, ColorWord color);

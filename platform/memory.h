@@ -42,8 +42,9 @@ struct MemoryUse {
 [[nodiscard]] MemoryUse CurrentMemoryUse();
 void ResetPeakMemory();
 
-/// Sets how many bytes all blocks together may hold. Default: natively three
-/// quarters of the physical memory; on Windows unlimited, as the system decides.
+/// Sets how many bytes all blocks together may hold. Default, and again with 0:
+/// natively three quarters of the physical memory; on Windows unlimited, as the
+/// system decides.
 void SetMemoryLimit(std::size_t bytes);
 
 /// For tests: lets the allocation with number `countdown` from now on fail (1

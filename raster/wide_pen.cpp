@@ -132,8 +132,8 @@ private:
     platform::WorkArray<std::uint64_t> bits_;
 };
 
-/// The pen's disc, walked anew for every point: its rows are symmetric about the
-/// middle, and a walk costs no more than the rows it covers.
+/// The pen's disc, walked anew for every point: a walk costs about as much as the
+/// rows that it covers. They are symmetric about the middle.
 void AddDisc(Coverage& coverage, const Point& center, int width) {
     const Rect& box = coverage.Box();
     const std::int64_t left = std::int64_t{center.x} - width / 2;
@@ -278,9 +278,9 @@ Rect StrokeBox(const Surface& surface, std::span<const Point> points, int width,
     Point least = Clamped(points[0]);
     Point greatest = least;
     for (const Point& point : points) {
-        const Point near = Clamped(point);
-        least = {std::min(least.x, near.x), std::min(least.y, near.y)};
-        greatest = {std::max(greatest.x, near.x), std::max(greatest.y, near.y)};
+        const Point placed = Clamped(point);
+        least = {std::min(least.x, placed.x), std::min(least.y, placed.y)};
+        greatest = {std::max(greatest.x, placed.x), std::max(greatest.y, placed.y)};
     }
     const int reach = width / 2 + 2;
     Point end{surface.width, surface.height};

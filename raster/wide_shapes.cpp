@@ -12,6 +12,8 @@
 // Edges further than kFarthestEdge from the surface's corner are taken to be there.
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
+#include <span>
 
 #include "platform/block_guards.h"
 #include "raster/quarter_arc.h"
@@ -26,9 +28,9 @@ namespace {
 constexpr int kFarthestEdge = kLargestArc / 2;
 
 Rect Ordered(const Rect& box) {
-    const auto near = [](int edge) { return std::clamp(edge, -kFarthestEdge, kFarthestEdge); };
-    return {near(std::min(box.left, box.right)), near(std::min(box.top, box.bottom)),
-            near(std::max(box.left, box.right)), near(std::max(box.top, box.bottom))};
+    const auto limited = [](int edge) { return std::clamp(edge, -kFarthestEdge, kFarthestEdge); };
+    return {limited(std::min(box.left, box.right)), limited(std::min(box.top, box.bottom)),
+            limited(std::max(box.left, box.right)), limited(std::max(box.top, box.bottom))};
 }
 
 /// The frame of an ordered box.

@@ -1,5 +1,5 @@
 // The library's exports, as the host calls them. DllMain stands in
-// entry_points_window.cpp.
+// programs/library/.
 #pragma once
 
 #include "platform/dialog.h"

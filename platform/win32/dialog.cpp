@@ -237,6 +237,13 @@ int ControlId(WindowHandle control) {
     return GetDlgCtrlID(WindowOf(control));
 }
 
+std::string ControlClass(WindowHandle control) {
+    char name[256] = "";
+    GetClassNameA(WindowOf(control), name, sizeof name);
+    CharUpperA(name);
+    return name;
+}
+
 WindowHandle ParentDialog(WindowHandle control) {
     const bool is_child = (GetWindowLongPtrA(WindowOf(control), GWL_STYLE) & WS_CHILD) != 0;
     return is_child ? HandleOf(GetParent(WindowOf(control))) : nullptr;

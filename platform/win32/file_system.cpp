@@ -3,17 +3,34 @@
 #include <windows.h>
 #include <shlobj.h>
 
+#include "platform/files.h"
+
 namespace platform {
 
-const char kPathSeparator = '\\';
+namespace {
 
-std::string ApplicationDataFolder() {
+/// One of the system's folders for the user, empty when it cannot be found.
+std::string SpecialFolder(int folder) {
     LPITEMIDLIST item = nullptr;
-    if (FAILED(SHGetSpecialFolderLocation(nullptr, CSIDL_APPDATA, &item))) return "";
+    if (FAILED(SHGetSpecialFolderLocation(nullptr, folder, &item))) return "";
     char path[MAX_PATH] = "";
     const BOOL is_found = SHGetPathFromIDListA(item, path);
     CoTaskMemFree(item);
     return is_found ? path : "";
+}
+
+}  // namespace
+
+const char kPathSeparator = '\\';
+
+std::string ApplicationDataFolder() {
+    return SpecialFolder(CSIDL_APPDATA);
+}
+
+std::string DocumentsFolder() {
+    std::string folder = SpecialFolder(CSIDL_PERSONAL);
+    if (!folder.empty() && folder.back() != kPathSeparator) folder += kPathSeparator;
+    return folder;
 }
 
 std::FILE* OpenStream(const char* path, const char* mode) {

@@ -15,9 +15,9 @@
 //   styles    = [NOT] value { | [NOT] value }
 //   begin     = BEGIN | {        end = END | }
 //
-// A control starts with the styles that the system's own resource compiler gives
-// its kind; styles are added, and taken away by NOT. Files are named relative to
-// the script that the program was given.
+// A control starts with the styles that windres gives its kind, of which some are
+// for a control without styles of its own; styles are added, and taken away by NOT. Files are named
+// relative to the script that the program was given.
 
 #include "resources/compiler/resource_script.h"
 
@@ -34,23 +34,24 @@ namespace {
 struct ControlKind {
     const char* statement;
     const char* window_class;
-    std::uint32_t style;
+    std::uint32_t style;          ///< that every control of the kind has
+    std::uint32_t default_style;  ///< added where the statement tells no styles
     bool has_text;
 };
 
 constexpr ControlKind kControlKinds[] = {
-    {"LTEXT", "STATIC", 0 | kGroup, true},
-    {"CTEXT", "STATIC", 1 | kGroup, true},
-    {"RTEXT", "STATIC", 2 | kGroup, true},
-    {"PUSHBUTTON", "BUTTON", 0 | kTabStop, true},
-    {"DEFPUSHBUTTON", "BUTTON", 1 | kTabStop, true},
-    {"CHECKBOX", "BUTTON", 2 | kTabStop, true},
-    {"AUTOCHECKBOX", "BUTTON", 3 | kTabStop, true},
-    {"AUTORADIOBUTTON", "BUTTON", 9, true},
-    {"GROUPBOX", "BUTTON", 7, true},
-    {"EDITTEXT", "EDIT", 0 | kBorder | kTabStop, false},
-    {"COMBOBOX", "COMBOBOX", 1 | kTabStop, false},
-    {"LISTBOX", "LISTBOX", 1 | kBorder, false},
+    {"LTEXT", "STATIC", 0, kGroup, true},
+    {"CTEXT", "STATIC", 1, kGroup, true},
+    {"RTEXT", "STATIC", 2, kGroup, true},
+    {"PUSHBUTTON", "BUTTON", 0 | kTabStop, 0, true},
+    {"DEFPUSHBUTTON", "BUTTON", 1 | kTabStop, 0, true},
+    {"CHECKBOX", "BUTTON", 2 | kTabStop, 0, true},
+    {"AUTOCHECKBOX", "BUTTON", 3 | kTabStop, 0, true},
+    {"AUTORADIOBUTTON", "BUTTON", 9, kTabStop, true},
+    {"GROUPBOX", "BUTTON", 7, 0, true},
+    {"EDITTEXT", "EDIT", kBorder | kTabStop, 0, false},
+    {"COMBOBOX", "COMBOBOX", 0, 1 | kTabStop, false},
+    {"LISTBOX", "LISTBOX", 1 | kBorder, 0, false},
 };
 
 std::string UpperCase(std::string text) {
@@ -254,7 +255,11 @@ private:
             control->window_class = kind->window_class;
         }
         if (!ReadBox(&control->x, &control->y, &control->width, &control->height)) return false;
-        if (!is_general && TakeSign(',') && !ReadStyles(&control->style)) return false;
+        if (!is_general && !TakeSign(',')) {
+            control->style |= kind->default_style;
+            return true;
+        }
+        if (!is_general && !ReadStyles(&control->style)) return false;
         std::uint32_t extended_style = 0;
         return !TakeSign(',') || ReadStyles(&extended_style);
     }

@@ -92,7 +92,9 @@ void SetRandomly(Run& run, WindowHandle dialog, const StyleParameter& parameter,
         case ParameterKind::Matrix:
             return;
     }
-    *line += " " + std::to_string(id) + "=" + std::to_string(value);
+    char text[32];
+    std::snprintf(text, sizeof text, " %d=%d", id, value);
+    *line += text;
 }
 
 void PrintDigest(Run& run, WindowHandle dialog, const std::string& settings) {

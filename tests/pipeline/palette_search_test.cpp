@@ -62,6 +62,15 @@ TEST(PaletteSearch, AgreesWithThePlainSearchAtFiveBits) {
     }
 }
 
+TEST(PaletteSearch, TieAtTheCornerOfACellGoesToTheLowerIndex) {
+    // (7, 7, 7) ends a fine cell and is as far from either entry.
+    const Palette palette{14, 14, 14, 0, 0, 0};
+    PaletteSearch search(palette.data(), 2, SearchPrecision::Exact);
+    ASSERT_TRUE(search);
+    EXPECT_EQ(search.IndexOf(0x070707), 0);
+    EXPECT_EQ(search.IndexOf(0x070706), 1);
+}
+
 TEST(PaletteSearch, CrowdedCellsAgreeColorByColor) {
     Palette palette;  // 256 entries within two cells
     for (std::size_t i = 0; i < kPaletteEntries; ++i) {

@@ -2,6 +2,8 @@
 // Curves are left out: their means are rounded towards zero, so that a curve left
 // of the origin or above it is not quite the same as within.
 #include <array>
+#include <climits>
+#include <cstdint>
 #include <gtest/gtest.h>
 
 #include "raster/lines.h"
@@ -89,6 +91,31 @@ TEST(Clipping, SmallSurfaceShowsAWindowOfTheLargeOne) {
             for (int x = 0; x < kSmallWidth; ++x)
                 ASSERT_EQ(small.At(x, y), large.At(x + origin.x, y + origin.y))
                     << "round " << round << " figure " << shape.figure << " at " << x << ' ' << y;
+    }
+}
+
+int AnyCoordinate() {
+    constexpr int kExtremes[] = {INT_MIN, INT_MIN + 1, INT_MAX - 1, INT_MAX, -(1 << 20), 1 << 20};
+    const int pick = RandomBelow(12);
+    if (pick < 6) return kExtremes[pick];
+    if (pick < 8) return RandomBelow(40) - 10;
+    const auto bits = static_cast<std::uint32_t>(runtime::rand()) << 20 ^
+                      static_cast<std::uint32_t>(runtime::rand()) << 8;
+    return static_cast<int>(bits) >> RandomBelow(20);
+}
+
+TEST(Clipping, AnyCoordinatesStayWithinTheSurface) {
+    runtime::srand(11);
+    for (int round = 0; round < 400; ++round) {
+        RandomShape shape = NextShape();
+        if (RandomBelow(4) == 0) shape.pen_width = RandomBelow(40);
+        for (Point& point : shape.points)
+            point = {AnyCoordinate(), AnyCoordinate()};
+        TestCanvas canvas(kSmallWidth, kSmallHeight);
+        Draw(canvas, shape, {0, 0});
+        PolyBezier(canvas.Context(), shape.points);
+        ASSERT_TRUE(canvas.IsUntouchedAround()) << "round " << round;
+        ASSERT_FALSE(canvas.Context().failed) << "round " << round;
     }
 }
 

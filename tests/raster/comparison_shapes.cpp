@@ -47,7 +47,8 @@ constexpr Kind kKinds[] = {
 constexpr int kMaximumSide = 56;
 constexpr int kLargeWidth = 301;
 constexpr int kLargeHeight = 260;
-constexpr int kMaximumPenWidth = 20;
+constexpr int kUsualPenWidth = 20;
+constexpr int kMaximumPenWidth = 120;
 
 /// The SplitMix64 generator of Steele, Lea and Flood.
 class Generator {
@@ -129,6 +130,10 @@ void PickPoints(Generator& random, Shape& shape) {
     shape.point_count = count;
 }
 
+int PickPenWidth(Generator& random, int least) {
+    return random.Between(least, random.OneIn(6) ? kMaximumPenWidth : kUsualPenWidth);
+}
+
 raster::Pen PickPen(Generator& random, PenClass pen, raster::Color color) {
     switch (pen) {
         case PenClass::None:
@@ -138,9 +143,9 @@ raster::Pen PickPen(Generator& random, PenClass pen, raster::Color color) {
         case PenClass::One:
             return raster::SolidPen(1, color);
         case PenClass::Wide:
-            return raster::SolidPen(random.Between(2, kMaximumPenWidth), color);
+            return raster::SolidPen(PickPenWidth(random, 2), color);
         case PenClass::InsideFrame:
-            return raster::InsideFramePen(random.Between(0, kMaximumPenWidth), color);
+            return raster::InsideFramePen(PickPenWidth(random, 0), color);
     }
     return raster::kNullPen;
 }

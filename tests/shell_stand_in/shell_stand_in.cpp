@@ -30,8 +30,6 @@ const StyleEntry* const StyleTable[kStyleCount] = {
     &kEntry<14>, &kEntry<15>, &kEntry<16>, &kEntry<17>, &kEntry<18>, &kEntry<19>,
 };
 
-const HostServices* CurrentHost = nullptr;
-
 ColorWord BackgroundQuery(const StyleEntry& style, platform::WindowHandle, std::uint32_t mode) {
     test::Events().push_back("BackgroundQuery " + std::to_string(style.BackgroundControl - 100) +
                              " " + std::to_string(mode));

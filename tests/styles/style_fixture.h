@@ -60,9 +60,9 @@ protected:
         {
             const LockedImage locked(image);
             if (locked) {
-                const auto* first = reinterpret_cast<const std::uint8_t*>(locked.Get());
-                bytes.assign(first,
-                             DibRow(locked.Get(), 0) + Stride(locked->Width, locked->BitCount));
+                const std::uint8_t* first = reinterpret_cast<const std::uint8_t*>(locked.Get());
+                const std::uint8_t* last = DibRow(locked.Get(), 0);
+                bytes.assign(first, last + Stride(locked->Width, locked->BitCount));
             }
         }
         platform::FreeBlock(image);

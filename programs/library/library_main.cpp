@@ -1,0 +1,10 @@
+// Where the system enters the library. The other two exports stand in
+// shell/entry_points.cpp.
+#include <windows.h>
+
+#include "platform/win32/module.h"
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
+    if (reason == DLL_PROCESS_ATTACH) platform::SetModule(module);
+    return TRUE;
+}
