@@ -100,6 +100,12 @@ TEST_F(NeuralNetworkTest, HasTheBytesOfFramesForWhichNothingIsKept) {
     });
 }
 
+TEST_F(NeuralNetworkTest, StartValuesHaveTheBytesOfAFrameForWhichNothingIsKept) {
+    InDialog([](WindowHandle dialog) {
+        EXPECT_EQ(SampleBytes(Neural(), dialog), TakeBytes(PlainNeuralNetwork({}).RenderFrame(0)));
+    });
+}
+
 TEST_F(NeuralNetworkTest, OneBallMakesOneFrameAtFullBrightness) {
     InDialog([](WindowHandle dialog) {
         const PlainNeuralSettings settings = Grid(1, 1);
