@@ -12,11 +12,10 @@
 
 #include "controls/spinner.h"
 #include "pipeline/image_buffers.h"
+#include "shell/control_contract.h"
 #include "shell/style_table.h"
 
 namespace tess {
-
-inline constexpr int kDelayControl = 11;  ///< the main dialog's frame delay
 
 /// The Test slot: renders frame 0 into context->Result. `Flags` are set first.
 template <class State, bool (*Setup)(StyleContext&, State&),
@@ -42,7 +41,7 @@ template <class State, bool (*Setup)(StyleContext&, State&),
           int (*FrameCount)(const StyleContext&, const State&),
           std::uint32_t (*Delay)(const StyleContext&, std::uint32_t delay) = MainDelay>
 int BuildStyle(StyleContext* context) {
-    const auto delay = static_cast<std::uint32_t>(GetSpinnerValue(context->Dialog, kDelayControl));
+    const auto delay = static_cast<std::uint32_t>(GetSpinnerValue(context->Dialog, kDelayEdit));
     State state{};
     context->State = &state;
     bool built = Setup(*context, state);
