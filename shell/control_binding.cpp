@@ -25,6 +25,7 @@ void BindParameter(platform::WindowHandle dialog, StyleParameter& parameter) {
         case ParameterKind::Scroll4:
         case ParameterKind::Scroll2:
         case ParameterKind::ScrollHv:
+            return platform::SetControlNumber(dialog, parameter.ControlId, parameter.Value, false);
         case ParameterKind::Fountain:
         case ParameterKind::Matrix:
             return;
