@@ -47,6 +47,8 @@ TEST_F(PickerWindowTest, ClickInEachCellSetsTextVariableAndLookAndNotifiesTheDia
                 picture.Keep(std::string("picker_") + tag + "_" + std::to_string(i));
                 for (std::size_t j = 0; j < layout.Cells.size(); ++j)
                     EXPECT_EQ(LooksSelected(picture, layout.Cells[j]), i == j) << tag << i << j;
+                InvalidateRect(picker, nullptr, FALSE);
+                EXPECT_EQ(WindowPicture(picker), picture);
             }
         });
     }
