@@ -140,7 +140,10 @@ void RepaintControl(WindowHandle dialog, int id);
 // --- What a control carries
 
 /// Puts `procedure` before the control's own, with a class tag that
-/// ControlTag then returns. Requires: `tag` and `procedure` outlive the control.
+/// ControlTag then returns; replaces what was installed before. The procedure
+/// passes on what it does not know: on Windows it gets every message, painting and
+/// mouse as well. A null procedure passes on all. Requires: `tag` outlives the
+/// control.
 void InstallControl(WindowHandle dialog, int id, const char* tag, ControlProcedure procedure);
 /// Leaves the painting of a button to its owner or to what is installed on it.
 void MakeOwnerDrawn(WindowHandle dialog, int id);

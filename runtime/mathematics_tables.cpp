@@ -1,4 +1,4 @@
-// Made by tools/make-mathematics-tables; not to be edited by hand. Long, for it is
+// Made by tools/make-mathematics-tables; not to be edited by hand. Long because it is
 // nothing but constants.
 #include "runtime/mathematics_tables.h"
 

@@ -24,6 +24,7 @@ namespace tess {
 
 /// Stamps `color` through `mask` (equal channels, 24 bits) with its top left at
 /// (x, y) of any value, wrapping at all four edges. `opacity` 0 to 255.
+/// Requires: the mask is another picture than the destination; so below.
 void WrapStampMask(PackedDib* destination, const PackedDib* mask, int x, int y, ColorWord color,
                    int opacity);
 /// The same with the colours and alpha of a 32-bit source.

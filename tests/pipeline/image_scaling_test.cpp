@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "platform/block_guards.h"
-#include "platform/memory.h"
 #include "tests/reference/plain_scaling.h"
+#include "tests/support/allocation_failures.h"
 #include "tests/support/random_pictures.h"
 
 namespace tess {
@@ -300,20 +300,14 @@ TEST(ScaleImage, HalfwayLevelsEqualThePlainVersion) {
 
 TEST(ScaleImage, EveryAllocationThatFailsGivesNullAndLeavesNothing) {
     const OwnedBlock picture(RandomPicture(40, 30, 24, 8));
-    const std::size_t blocks = platform::CurrentMemoryUse().live_blocks;
-    const int sizes[][2] = {{10, 8}, {80, 20}, {40, 30}};
-    for (const auto& size : sizes) {
-        bool failed = true;
-        for (std::size_t countdown = 1; failed; ++countdown) {
-            platform::FailAllocation(countdown);
-            const ImageHandle scaled = ScaleImage(picture.Get(), size[0], size[1], 1.0);
-            platform::FailAllocation(0);
-            failed = scaled == nullptr;
-            EXPECT_EQ(failed, countdown <= (size[0] == 40 ? 1U : 7U));
-            platform::FreeBlock(scaled);
-            ASSERT_EQ(platform::CurrentMemoryUse().live_blocks, blocks);
-        }
-    }
+    const auto failures = [&picture](int width, int height) {
+        return FailEachAllocation([&] {
+            return static_cast<bool>(OwnedBlock(ScaleImage(picture.Get(), width, height, 1.0)));
+        });
+    };
+    EXPECT_EQ(failures(10, 8), 7U);
+    EXPECT_EQ(failures(80, 20), 7U);
+    EXPECT_EQ(failures(40, 30), 1U);
 }
 
 }  // namespace

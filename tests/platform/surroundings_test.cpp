@@ -1,7 +1,8 @@
 // Clock, keyboard and browser.
 
+#include <cctype>
 #include <gtest/gtest.h>
-#include <regex>
+#include <string>
 
 #include "platform/browser.h"
 #include "platform/clock.h"
@@ -11,10 +12,14 @@ namespace {
 
 TEST(Clock, TimeHasThe24CharactersOfTheCLibrary) {
     const std::string text = platform::CurrentTimeText();
-    EXPECT_EQ(text.size(), 24u);
-    EXPECT_TRUE(std::regex_match(
-        text, std::regex("[A-Z][a-z]{2} [A-Z][a-z]{2} [ 0-9][0-9] [0-9:]{8} [0-9]{4}")))
-        << text;
+    std::string shape = text;  // letters as a, digits as 9
+    for (char& c : shape) {
+        c = std::isalpha(static_cast<unsigned char>(c)) != 0   ? 'a'
+            : std::isdigit(static_cast<unsigned char>(c)) != 0 ? '9'
+                                                               : c;
+    }
+    if (shape[8] == ' ') shape[8] = '9';  // a day of one digit
+    EXPECT_EQ(shape, "aaa aaa 99 99:99:99 9999") << text;
 }
 
 TEST(Keyboard, ShiftIsHeldWhenAsked) {

@@ -11,6 +11,7 @@
 //   and the rows behind are read though they were never written. Such a box is
 //   judged by its flat twin: GDI draws with the axes exchanged, and the picture is
 //   transposed.
+#include <windows.h>
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -21,7 +22,6 @@
 #include <string_view>
 #include <utility>
 #include <vector>
-#include <windows.h>
 
 #include "raster/lines.h"
 #include "raster/shapes.h"

@@ -1,5 +1,5 @@
-// Stamping, blending, merging, rolling and the radial mask as they are told, one
-// pixel at a time, and the mask disc by disc: what toolkit/ must equal byte for
+// Stamping, blending, merging, rolling and the radial mask in their plain
+// form, one pixel at a time, and the mask disc by disc: what toolkit/ must equal byte for
 // byte.
 #pragma once
 

@@ -1,4 +1,4 @@
-// The scaler as it is told, one pixel at a time through GetDibPixel and
+// The scaler in its plain form, one pixel at a time through GetDibPixel and
 // SetDibPixel: what pipeline/image_scaling.cpp must equal byte for byte.
 #pragma once
 

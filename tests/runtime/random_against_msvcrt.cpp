@@ -1,8 +1,8 @@
 // Compares runtime/random.h with the C runtime of Windows, msvcrt.dll: a million
 // draws for each of several seeds. The exit status is 1 when any draw differs.
+#include <windows.h>
 #include <bit>
 #include <cstdio>
-#include <windows.h>
 
 #include "runtime/random.h"
 

@@ -76,7 +76,7 @@ TEST(HsvToColor, AValueBelowZeroIsBlack) {
 }
 
 TEST(HsvToColor, AHueOutsideTheCircleFallsInTheLastRow) {
-    // -60 gives i = -1 and f = 0; for an endless one no channel but red is told.
+    // -60 gives i = -1 and f = 0; for an immense one only red is sure.
     EXPECT_EQ(ColorOf(-60.0, 1.0, 1.0), MakeColor(255, 0, 255));
     EXPECT_EQ(RedOf(ColorOf(1e300, 1.0, 1.0)), 255);
 }

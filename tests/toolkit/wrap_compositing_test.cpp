@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "platform/block_guards.h"
-#include "platform/memory.h"
 #include "runtime/random.h"
 #include "tests/reference/plain_compositing.h"
+#include "tests/support/allocation_failures.h"
 #include "tests/support/random_pictures.h"
 
 namespace tess {
@@ -89,7 +89,7 @@ TEST(WrapStampMask, AnOpacityOfOneIsCutToNothingBelowFullMask) {
     EXPECT_EQ(StampedPixel(100, 255, 0x000000, 1), 0x636363U);
 }
 
-TEST(WrapStampMask, EveryMaskLevelAndOpacityGivesTheToldWeight) {
+TEST(WrapStampMask, EveryMaskLevelAndOpacityGivesItsWeight) {
     for (int opacity = 0; opacity <= 255; ++opacity) {
         const OwnedBlock tile(FlatPicture(256, 1, 24, 201));
         const OwnedBlock mask(FlatPicture(256, 1, 24, 0));
@@ -404,27 +404,18 @@ TEST(PickFillColor, AfterSixteenRepeatsTheLastStands) {
     EXPECT_EQ(runtime::rand(), 13695);
 }
 
-/// Fails the allocations of `make` one after the other until it goes through.
-/// Returns how many could fail.
+/// Lets each allocation of `make` fail. Returns how many there were.
 template <class Make>
-int CountFailures(Make make) {
-    const std::size_t blocks = platform::CurrentMemoryUse().live_blocks;
-    for (int failures = 0;; ++failures) {
-        platform::FailAllocation(static_cast<std::size_t>(failures) + 1);
-        const ImageHandle made = make();
-        platform::FailAllocation(0);
-        platform::FreeBlock(made);
-        EXPECT_EQ(platform::CurrentMemoryUse().live_blocks, blocks);
-        if (made != nullptr) return failures;
-    }
+std::size_t CountFailures(Make make) {
+    return FailEachAllocation([&] { return static_cast<bool>(OwnedBlock(make())); });
 }
 
 TEST(WrapCompositing, EveryAllocationThatFailsGivesNullAndLeavesNothing) {
     const OwnedBlock picture(RandomPicture(9, 9, 24, 4));
-    EXPECT_EQ(CountFailures([&] { return MergeAlphaImage(picture.Get(), picture.Get()); }), 1);
-    EXPECT_EQ(CountFailures([&] { return RollImageLeft(picture.Get(), 3); }), 1);
-    EXPECT_EQ(CountFailures([] { return NewSolidImage({0, 0, 4, 4}, 1); }), 1);
-    EXPECT_EQ(CountFailures([] { return RadialMask(20, 255, true); }), 2);
+    EXPECT_EQ(CountFailures([&] { return MergeAlphaImage(picture.Get(), picture.Get()); }), 1U);
+    EXPECT_EQ(CountFailures([&] { return RollImageLeft(picture.Get(), 3); }), 1U);
+    EXPECT_EQ(CountFailures([] { return NewSolidImage({0, 0, 4, 4}, 1); }), 1U);
+    EXPECT_EQ(CountFailures([] { return RadialMask(20, 255, true); }), 2U);
 }
 
 }  // namespace

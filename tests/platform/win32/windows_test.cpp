@@ -107,6 +107,24 @@ TEST_F(Windows, RealClickOfACheckBoxIsTheHeadlessUsersClick) {
     EXPECT_EQ(log, (std::vector<std::string>{"open", "15/0", "destroy"}));
 }
 
+TEST_F(Windows, DialogWaitsForARealUserWithoutAHeadlessOne) {
+    platform::SetHeadlessUser(nullptr, nullptr);
+    on_open = [](WindowHandle dialog) {
+        SetTimer(WindowOf(dialog), 5, 10, [](HWND window, UINT, UINT_PTR, DWORD) {
+            platform::EndDialog(platform::HandleOf(window), 9);
+        });
+    };
+    EXPECT_EQ(Run(1000), 9);
+}
+
+TEST_F(Windows, EscapeKeyIsTheCancelCommand) {
+    on_open = [](WindowHandle dialog) {
+        PostMessageA(WindowOf(platform::Control(dialog, 1)), WM_KEYDOWN, VK_ESCAPE, 0);
+    };
+    Run(1000);
+    EXPECT_EQ(log, (std::vector<std::string>{"open", "2/0", "destroy"}));
+}
+
 TEST_F(Windows, DialogIsCenteredOnTheScreen) {
     WithMainDialog([](WindowHandle dialog) {
         platform::CenterOnScreen(dialog);
