@@ -10,8 +10,13 @@
 #include "pipeline/build_driver.h"
 #include "platform/files.h"
 #include "platform/keyboard.h"
+#include "platform/resources.h"
+#include "shell/about_dialog.h"
 #include "shell/configuration.h"
 #include "shell/control_contract.h"
+#include "shell/document_commands.h"
+#include "shell/help.h"
+#include "shell/logo.h"
 #include "shell/style_table.h"
 #include "shell/value_controls.h"
 
@@ -96,6 +101,27 @@ int AddStyles(WindowHandle dialog) {
     return 1;
 }
 
+/// Overwrites five fountain controls with the stored records that bear their numbers.
+/// The stored records bear names, so none is found, and the controls stay as they are:
+/// that is meant, since each has started from its own default record.
+void ResetFountains(WindowHandle dialog) {
+    constexpr std::size_t kRecordBytes = 585;
+    for (const int id : {270, 290, 306, 451, 496}) {
+        const auto record = platform::FindData(id);
+        if (record.size() != kRecordBytes) continue;
+        std::string line = kFountainTag + std::to_string(id) + "=";
+        for (const std::byte byte : record) {
+            char digits[3];
+            std::snprintf(digits, sizeof digits, "%02X", std::to_integer<unsigned>(byte));
+            line += digits;
+        }
+        platform::SendToWindow(platform::Control(dialog, id), LoadControl, 0,
+                               reinterpret_cast<std::intptr_t>(line.c_str()));
+        platform::RepaintControl(dialog, id);
+        platform::PostToWindow(dialog, RefreshSample, 0, 0);
+    }
+}
+
 void CloseWithMessage(WindowHandle dialog, const char* text) {
     ShowMessage(dialog, text);
     platform::EndDialog(dialog, 0);
@@ -119,9 +145,11 @@ void OpenMainDialog(WindowHandle dialog, const HostServices* services) {
     if (AddStyles(dialog) == 0) {
         return CloseWithMessage(dialog, "This plugin could not be initialized");
     }
+    if (FirstRun != 0 || reset) ResetFountains(dialog);
     FirstRun = 0;
     BindChoiceList(dialog, kEffectList, nullptr, &MainEffect);
     platform::FocusControl(dialog, kBuildButton);
+    AskFileDialogSize(services);
     platform::PostCommand(dialog, kCustomPaletteBox);
     platform::SetTitle(dialog, kProgramName);
     platform::CenterOnScreen(dialog);
@@ -144,14 +172,6 @@ void RunBuild(WindowHandle dialog, BuildMode mode) {
         platform::EndDialog(dialog, 1);
     } else {
         platform::UpdateWindow(dialog);
-    }
-}
-
-void ShowHelp(WindowHandle dialog, const char* anchor) {
-    char target[64];
-    std::snprintf(target, sizeof target, "VORBELx1.HTML#%s", anchor);
-    if (CallHost(CurrentHost, nullptr, HostOp::ShowHelp, 0, target) == 0) {
-        ShowMessage(dialog, "There has been an error displaying the Help document.");
     }
 }
 
@@ -190,6 +210,16 @@ void OnCommand(WindowHandle dialog, int id, Notification notification) {
             return;
         case kHelpButton:
             return ShowHelp(dialog, "PREFACE");
+        case kAboutButton:
+            return RunAbout(dialog);
+        case kOpenSaveButton:
+            return ShowDocumentMenu(dialog);
+        case kOpenCommand:
+            return OpenDocument(dialog);
+        case kSaveCommand:
+            return SaveDocument(dialog);
+        case kSaveAsCommand:
+            return SaveDocumentAs(dialog);
         case kPaletteList:
             if (list_closed) {
                 MainPalette = static_cast<std::uint32_t>(
@@ -210,6 +240,7 @@ void OnCommand(WindowHandle dialog, int id, Notification notification) {
 
 std::intptr_t MainDialogProcedure(WindowHandle dialog, std::uint32_t message, std::uintptr_t w,
                                   std::intptr_t l) {
+    StepLogo(dialog, kLogo, w);
     switch (message) {
         case platform::kMessageOpen:
             OpenMainDialog(dialog, reinterpret_cast<const HostServices*>(l));
@@ -249,13 +280,17 @@ void ShowStyleControls(WindowHandle dialog, int style) {
         platform::ShowControl(dialog, id, true);
 }
 
+ColorWord MarginColor(ColorWord background) {
+    return background == kNoBackground ? MakeColor(255, 255, 255) : background;
+}
+
 Sample RenderSample(WindowHandle dialog, int width, int height) {
     const StyleEntry& style = *StyleTable[SelectedStyle(dialog)];
     StyleContext context{};
     context.Dialog = dialog;
     context.SampleWidth = width;
     context.SampleHeight = height;
-    Sample sample{nullptr, 0, 0, BackgroundQuery(style, dialog, 0)};
+    Sample sample{nullptr, 0, 0, MarginColor(BackgroundQuery(style, dialog, 0))};
     if (style.Test(&context) == 0) return sample;
     const LockedImage image(context.Result);
     if (!image) return sample;
