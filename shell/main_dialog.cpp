@@ -6,6 +6,7 @@
 #include <string>
 
 #include "controls/current_host.h"
+#include "controls/skinned_button.h"
 #include "controls/spinner.h"
 #include "pipeline/build_driver.h"
 #include "platform/files.h"
@@ -129,6 +130,11 @@ void CloseWithMessage(WindowHandle dialog, const char* text) {
 
 void OpenMainDialog(WindowHandle dialog, const HostServices* services) {
     CurrentHost = services;
+    SkinButtons = services->SkinButtons;
+    for (const int button : {kBuildButton, kCancelButton, kHelpButton, kAboutButton, kTestButton,
+                             kOpenSaveButton, kPreviewButton}) {
+        SkinButton(dialog, button);
+    }
     ReadConfiguration();
     if (!HostHas(HostTrueColor)) {
         Truecolour = 0;
