@@ -166,10 +166,10 @@ void OpenMainDialog(WindowHandle dialog, const HostServices* services) {
 
 /// Tells the host of a pressed button and lets it be seen released before the work
 /// that was posted begins.
-void PressCommandButton(WindowHandle dialog, int command) {
+void PressCommandButton(WindowHandle dialog, int button, int command) {
     platform::PostCommand(dialog, command);
     CallHost(CurrentHost, nullptr, HostOp::ButtonPressed, 0, std::int64_t{0});
-    platform::UpdateWindow(dialog);
+    platform::UpdateWindow(platform::Control(dialog, button));
 }
 
 void RunBuild(WindowHandle dialog, BuildMode mode) {
@@ -200,11 +200,11 @@ void OnCommand(WindowHandle dialog, int id, Notification notification) {
     const bool list_closed = notification == Notification::ComboClosed;
     switch (id) {
         case kBuildButton:
-            return PressCommandButton(dialog, kBuildCommand);
+            return PressCommandButton(dialog, id, kBuildCommand);
         case kTestButton:
-            return PressCommandButton(dialog, kTestCommand);
+            return PressCommandButton(dialog, id, kTestCommand);
         case kPreviewButton:
-            return PressCommandButton(dialog, kPreviewCommand);
+            return PressCommandButton(dialog, id, kPreviewCommand);
         case kBuildCommand:
             return RunBuild(dialog, BuildMode::Build);
         case kTestCommand:
