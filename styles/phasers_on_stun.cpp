@@ -1,6 +1,24 @@
-// Phasers on Stun.
+// Phasers on Stun: thin beams of light flash across the tile at random moments,
+// each at its brightest in one frame and fading out over the next three. A
+// diagonal beam is continued across the tile's corner.
+//
+// The loop closes by a timetable: the moments of firing are frame numbers taken
+// modulo the frame count.
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "controls/spinner.h"
+#include "pipeline/image_buffers.h"
+#include "platform/block_guards.h"
+#include "platform/dialog.h"
+#include "raster/lines.h"
+#include "runtime/random.h"
+#include "styles/fill_colors.h"
+#include "styles/style_run.h"
 #include "styles/styles.h"
-#include "styles/undrawn.h"
+#include "styles/supersampled_drawing.h"
+#include "toolkit/wrap_compositing.h"
 
 namespace tess {
 
@@ -56,6 +74,153 @@ StyleParameter parameters[] = {
 };
 // clang-format on
 
+enum BeamKind : std::int32_t { kEast2South, kWest2South, kHorizontal, kVertical };
+
+constexpr std::array<std::int32_t, 4> kLevels = {255, 192, 128, 64};
+
+/// One flash of one beam; a beam has one for each of kLevels.
+struct PhaserEntry {
+    std::int32_t X1, Y1, X2, Y2;  // first stroke, in tile pixels
+    std::int32_t X3, Y3, X4, Y4;  // second stroke
+    std::int32_t TwoStrokes;      // nonzero when the second is in use
+    std::int32_t Kind;
+    std::int32_t Level;  // grey level of the flash
+    ColorWord Color;
+    std::int32_t Frame;  // the one frame in which this entry is drawn
+    std::int32_t Power;
+};
+
+struct PhaserState {
+    std::int32_t Width, Depth;
+    std::int32_t FrameCount;
+    FillColorList FillColors;
+    platform::WorkArray<PhaserEntry> Entries;
+    std::array<std::int32_t, 4> Kinds;
+    std::int32_t KindCount;
+};
+
+void ReadKinds(platform::WindowHandle dialog, PhaserState& state) {
+    constexpr int kBoxes[] = {kLineEast2South, kLineWest2South, kLineHorizontal, kLineVertical};
+    for (std::int32_t kind = kEast2South; kind <= kVertical; ++kind) {
+        if (platform::IsChecked(dialog, kBoxes[kind])) {
+            state.Kinds[static_cast<std::size_t>(state.KindCount++)] = kind;
+        }
+    }
+    // Without any, the list is its first entry, which is kEast2South.
+    if (state.KindCount == 0) state.KindCount = 1;
+}
+
+/// Draws where the beam stands; the outer tenth of each side is left out. The two
+/// strokes of a diagonal are one line, cut at the tile's edge and resumed from the
+/// opposite one.
+void PlaceBeam(const PhaserState& state, PhaserEntry& beam) {
+    const int width = state.Width;
+    const int depth = state.Depth;
+    if (beam.Kind == kVertical) {
+        const int x = width / 10 + runtime::rand() % (width * 8 / 10);
+        beam.X1 = beam.X2 = x;
+        beam.Y2 = depth;
+        return;
+    }
+    const int y = depth / 10 + runtime::rand() % (depth * 8 / 10);
+    beam.Y1 = y;
+    if (beam.Kind == kHorizontal) {
+        beam.X2 = width;
+        beam.Y2 = y;
+        return;
+    }
+    const int crossing = static_cast<int>(static_cast<double>(y) / depth * width);
+    const bool east = beam.Kind == kEast2South;
+    beam.X1 = east ? width : 0;
+    beam.X2 = beam.X4 = east ? crossing : width - crossing - 1;
+    beam.Y2 = depth;
+    beam.X3 = width - beam.X1;
+    beam.Y3 = y;
+    beam.TwoStrokes = 1;
+}
+
+bool StyleSetup(StyleContext& context, PhaserState& state) {
+    const platform::WindowHandle dialog = context.Dialog;
+    state.Width = GetSpinnerValue(dialog, kWidth);
+    state.Depth = GetSpinnerValue(dialog, kDepth);
+    state.FrameCount = GetSpinnerValue(dialog, kFrames);
+    const int density = GetSpinnerValue(dialog, kDensity);
+    const int power = GetSpinnerValue(dialog, kPower);
+    runtime::srand(static_cast<unsigned>(GetSpinnerValue(dialog, kSeed)));
+    state.FillColors = ReadFillColors(dialog, {kColor1, kColor2, kColor3, kColor4, kColor5},
+                                      {kEnable2, kEnable3, kEnable4, kEnable5});
+    state.Entries =
+        platform::WorkArray<PhaserEntry>(kLevels.size() * static_cast<std::size_t>(density));
+    if (!state.Entries) return false;
+    ReadKinds(dialog, state);
+
+    PhaserEntry* next = state.Entries.begin();
+    for (int i = 0; i < density; ++i) {
+        PhaserEntry beam{};
+        beam.Kind = state.Kinds[static_cast<std::size_t>(runtime::rand() % state.KindCount)];
+        PlaceBeam(state, beam);
+        beam.Color = state.FillColors.Colors[runtime::rand() % state.FillColors.Count];
+        beam.Power = power;
+        const int first_frame = runtime::rand() % state.FrameCount;
+        for (int flash = 0; flash < static_cast<int>(kLevels.size()); ++flash) {
+            beam.Level = kLevels[static_cast<std::size_t>(flash)];
+            beam.Frame = (first_frame + flash) % state.FrameCount;
+            *next++ = beam;
+        }
+    }
+    return true;
+}
+
+/// Draws a stroke at twice the size. A diagonal one is lengthened by a whole tile
+/// at each end, along its own slope, so that it has no visible end.
+void DrawStroke(raster::DrawingContext& context, const PhaserState& state, std::int32_t kind,
+                raster::Point from, raster::Point to) {
+    if (kind == kEast2South || kind == kWest2South) {
+        const int along = kind == kEast2South ? -state.Width : state.Width;
+        from = {from.x - along, from.y - state.Depth};
+        to = {to.x + along, to.y + state.Depth};
+    }
+    raster::MoveToEx(context, 2 * from.x, 2 * from.y);
+    raster::LineTo(context, 2 * to.x, 2 * to.y);
+}
+
+/// The mask of one flash, of the tile's size, which the caller owns, or null.
+ImageHandle RenderBeamMask(const PhaserState& state, const PhaserEntry& entry) {
+    SupersampledDrawing drawing(2 * state.Width, 2 * state.Depth);
+    if (!drawing) return nullptr;
+    drawing.Fill(raster::kBlackBrush);
+    raster::DrawingContext& context = drawing.Context();
+    context.pen =
+        raster::SolidPen(2 * entry.Power, MakeColor(entry.Level, entry.Level, entry.Level));
+    DrawStroke(context, state, entry.Kind, {entry.X1, entry.Y1}, {entry.X2, entry.Y2});
+    if (entry.TwoStrokes != 0) {
+        DrawStroke(context, state, entry.Kind, {entry.X3, entry.Y3}, {entry.X4, entry.Y4});
+    }
+    return drawing.TakeScaled(50);
+}
+
+ImageHandle RenderFrame(StyleContext& context, PhaserState& state, int frame) {
+    platform::OwnedBlock tile(
+        NewSolidImage({0, 0, state.Width, state.Depth},
+                      platform::ControlNumber(context.Dialog, kBackground, false)));
+    {
+        const LockedImage picture(tile.Get());
+        if (!picture) return nullptr;
+        for (const PhaserEntry& entry : state.Entries) {
+            if (entry.Frame != frame) continue;
+            const platform::OwnedBlock owner(RenderBeamMask(state, entry));
+            const LockedImage mask(owner.Get());
+            if (!mask) return nullptr;
+            WrapStampMask(picture, mask, 0, 0, entry.Color, 255);
+        }
+    }
+    return tile.Release();
+}
+
+int FrameCount(const StyleContext&, const PhaserState& state) {
+    return state.FrameCount;
+}
+
 }  // namespace
 
 const StyleEntry PhasersOnStunStyle = {
@@ -63,8 +228,8 @@ const StyleEntry PhasersOnStunStyle = {
     .ConfigurationName = "Style010",
     .PanelTemplate = 7410,
     .Parameters = parameters,
-    .Test = UndrawnSlot,
-    .Build = UndrawnSlot,
+    .Test = TestStyle<PhaserState, StyleSetup, RenderFrame>,
+    .Build = BuildStyle<PhaserState, StyleSetup, RenderFrame, FrameCount>,
     .BackgroundControl = kBackground,
 };
 

@@ -30,10 +30,12 @@ int TestStyle(StyleContext* context) {
     return context->Result != nullptr ? 1 : 0;
 }
 
-/// The Build slot: renders every frame in order into context->Frames.
+/// The Build slot: renders every frame in order into context->Frames. Progress is
+/// told as a part of `ProgressCount`.
 template <class State, bool (*Setup)(StyleContext&, State&),
           ImageHandle (*Render)(StyleContext&, State&, int),
-          int (*FrameCount)(const StyleContext&, const State&)>
+          int (*FrameCount)(const StyleContext&, const State&),
+          int (*ProgressCount)(const StyleContext&, const State&) = FrameCount>
 int BuildStyle(StyleContext* context) {
     const auto delay = static_cast<std::uint32_t>(GetSpinnerValue(context->Dialog, kDelayControl));
     State state{};
@@ -46,7 +48,8 @@ int BuildStyle(StyleContext* context) {
         if (!built) {
             platform::FreeBlock(record.Image);
         } else {
-            CallHost(context->Host, nullptr, HostOp::Progress, frame, std::int64_t{count});
+            CallHost(context->Host, nullptr, HostOp::Progress, frame,
+                     std::int64_t{ProgressCount(*context, state)});
         }
     }
     context->State = nullptr;
