@@ -4,6 +4,7 @@
 //
 // The loop closes by a timetable: the moments of firing are frame numbers taken
 // modulo the frame count.
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -15,6 +16,7 @@
 #include "raster/lines.h"
 #include "runtime/random.h"
 #include "styles/fill_colors.h"
+#include "styles/sprite_store.h"
 #include "styles/style_run.h"
 #include "styles/styles.h"
 #include "styles/supersampled_drawing.h"
@@ -97,6 +99,7 @@ struct PhaserState {
     platform::WorkArray<PhaserEntry> Entries;
     std::array<std::int32_t, 4> Kinds;
     std::int32_t KindCount;
+    SpriteStore Masks;
 };
 
 void ReadKinds(platform::WindowHandle dialog, PhaserState& state) {
@@ -171,6 +174,22 @@ bool StyleSetup(StyleContext& context, PhaserState& state) {
     return true;
 }
 
+/// The part of the tile that a beam can reach. The scaler weighs three pixels to
+/// either side; where an upright or level beam's part ends before the tile does,
+/// as many again are left dark, so that it is scaled as it would be in the tile.
+raster::Rect BeamBox(const PhaserState& state, const PhaserEntry& beam) {
+    const int reach = beam.Power + 8;
+    raster::Rect box{0, 0, state.Width, state.Depth};
+    if (beam.Kind == kHorizontal) {
+        box.top = std::max(beam.Y1 - reach, 0);
+        box.bottom = std::min(beam.Y1 + reach, state.Depth);
+    } else if (beam.Kind == kVertical) {
+        box.left = std::max(beam.X1 - reach, 0);
+        box.right = std::min(beam.X1 + reach, state.Width);
+    }
+    return box;
+}
+
 /// Draws a stroke at twice the size. A diagonal one is lengthened by a whole tile
 /// at each end, along its own slope, so that it has no visible end.
 void DrawStroke(raster::DrawingContext& context, const PhaserState& state, std::int32_t kind,
@@ -184,19 +203,68 @@ void DrawStroke(raster::DrawingContext& context, const PhaserState& state, std::
     raster::LineTo(context, 2 * to.x, 2 * to.y);
 }
 
-/// The mask of one flash, of the tile's size, which the caller owns, or null.
-ImageHandle RenderBeamMask(const PhaserState& state, const PhaserEntry& entry) {
-    SupersampledDrawing drawing(2 * state.Width, 2 * state.Depth);
+/// A 32-bit picture that has kLevels as its channels where `drawn` is white.
+ImageHandle SpreadLevels(ImageHandle drawn) {
+    const LockedImage from(drawn);
+    if (!from) return nullptr;
+    platform::OwnedBlock result(NewPackedDib(from->Width, from->Height, nullptr, 32));
+    const LockedImage image(result.Get());
+    if (!image) return nullptr;
+    for (int y = 0; y < image->Height; ++y) {
+        const std::uint8_t* white = DibRow(from.Get(), y);
+        std::uint8_t* pixel = DibRow(image.Get(), y);
+        for (int x = 0; x < image->Width; ++x, white += 3, pixel += kLevels.size()) {
+            for (std::size_t flash = 0; flash < kLevels.size(); ++flash)
+                pixel[flash] = static_cast<std::uint8_t>(kLevels[flash] & *white);
+        }
+    }
+    return result.Release();
+}
+
+/// The masks of a beam's four flashes as the channels of one 32-bit picture of its
+/// box's size: the scaler treats each channel by itself. The caller owns it; null
+/// on failure.
+ImageHandle RenderBeamMask(const PhaserState& state, const PhaserEntry& beam,
+                           const raster::Rect& box) {
+    SupersampledDrawing drawing(2 * (box.right - box.left), 2 * (box.bottom - box.top));
     if (!drawing) return nullptr;
     drawing.Fill(raster::kBlackBrush);
     raster::DrawingContext& context = drawing.Context();
-    context.pen =
-        raster::SolidPen(2 * entry.Power, MakeColor(entry.Level, entry.Level, entry.Level));
-    DrawStroke(context, state, entry.Kind, {entry.X1, entry.Y1}, {entry.X2, entry.Y2});
-    if (entry.TwoStrokes != 0) {
-        DrawStroke(context, state, entry.Kind, {entry.X3, entry.Y3}, {entry.X4, entry.Y4});
+    context.pen = raster::SolidPen(2 * beam.Power, 0xFFFFFF);
+    const auto placed = [&box](int x, int y) { return raster::Point{x - box.left, y - box.top}; };
+    DrawStroke(context, state, beam.Kind, placed(beam.X1, beam.Y1), placed(beam.X2, beam.Y2));
+    if (beam.TwoStrokes != 0) {
+        DrawStroke(context, state, beam.Kind, placed(beam.X3, beam.Y3), placed(beam.X4, beam.Y4));
     }
-    return drawing.TakeScaled(50);
+    const platform::OwnedBlock drawn(drawing.TakeLarge());
+    const platform::OwnedBlock spread(SpreadLevels(drawn.Get()));
+    return ScaleImagePercent(spread.Get(), 50, 50);
+}
+
+/// Blends the color into the tile from the box's corner on, with one channel of
+/// `masks` as weights. Where that is 0 the pixel stays as it is.
+void BlendFlash(PackedDib* tile, const raster::Rect& box, const PackedDib* masks,
+                std::size_t channel, ColorWord color) {
+    const std::uint8_t colors[3] = {BlueOf(color), GreenOf(color), RedOf(color)};
+    for (int y = 0; y < masks->Height; ++y) {
+        const std::uint8_t* level = DibRow(masks, y) + channel;
+        std::uint8_t* pixel = DibRow(tile, box.top + y) + std::ptrdiff_t{3} * box.left;
+        for (int x = 0; x < masks->Width; ++x, level += kLevels.size(), pixel += 3) {
+            if (*level == 0) continue;
+            for (int i = 0; i < 3; ++i) {
+                pixel[i] = static_cast<std::uint8_t>(pixel[i] * (255 - *level) / 255 +
+                                                     colors[i] * *level / 255);
+            }
+        }
+    }
+}
+
+/// The masks of the beam, owned by the state, or null. Its kind and place tell
+/// what they are, for the power is the same for all.
+ImageHandle FindMasks(PhaserState& state, const PhaserEntry& beam, const raster::Rect& box) {
+    const int place = beam.Kind == kVertical ? beam.X1 : beam.Y1;
+    return state.Masks.Find(static_cast<std::uint64_t>(beam.Kind << 16 | place),
+                            [&] { return RenderBeamMask(state, beam, box); });
 }
 
 ImageHandle RenderFrame(StyleContext& context, PhaserState& state, int frame) {
@@ -206,12 +274,13 @@ ImageHandle RenderFrame(StyleContext& context, PhaserState& state, int frame) {
     {
         const LockedImage picture(tile.Get());
         if (!picture) return nullptr;
-        for (const PhaserEntry& entry : state.Entries) {
+        for (std::size_t i = 0; i < state.Entries.size(); ++i) {
+            const PhaserEntry& entry = state.Entries[i];
             if (entry.Frame != frame) continue;
-            const platform::OwnedBlock owner(RenderBeamMask(state, entry));
-            const LockedImage mask(owner.Get());
-            if (!mask) return nullptr;
-            WrapStampMask(picture, mask, 0, 0, entry.Color, 255);
+            const raster::Rect box = BeamBox(state, entry);
+            const LockedImage masks(FindMasks(state, entry, box));
+            if (!masks) return nullptr;
+            BlendFlash(picture, box, masks, i % kLevels.size(), entry.Color);
         }
     }
     return tile.Release();
