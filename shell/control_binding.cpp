@@ -2,6 +2,7 @@
 // its parameter.
 #include <vector>
 
+#include "fills/fountain_control.h"
 #include "platform/dialog.h"
 #include "platform/resources.h"
 #include "shell/style_table.h"
@@ -25,9 +26,10 @@ void BindParameter(platform::WindowHandle dialog, StyleParameter& parameter) {
         case ParameterKind::Scroll4:
         case ParameterKind::Scroll2:
         case ParameterKind::ScrollHv:
-        case ParameterKind::Fountain:
         case ParameterKind::Matrix:
             return;
+        case ParameterKind::Fountain:
+            return BindFountainButton(dialog, parameter.ControlId, parameter.Detail);
     }
 }
 
