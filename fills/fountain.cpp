@@ -8,6 +8,8 @@
 #include <cstring>
 #include <iterator>
 
+#include "fills/gradient.h"
+
 namespace tess {
 
 namespace {
@@ -24,6 +26,27 @@ template <std::size_t Count>
 void SetMarkers(Fountain* fountain, const FountainMarker (&markers)[Count]) {
     std::memcpy(fountain->Markers, markers, sizeof markers);
     fountain->Count = static_cast<std::int32_t>(Count);
+}
+
+/// Copies `strip` into `picture` of the same height, its left at column `x`.
+void CopyColumns(const PackedDib* strip, PackedDib* picture, int x) {
+    for (int y = 0; y < strip->Height; ++y) {
+        std::memcpy(DibRow(picture, y) + std::ptrdiff_t{3} * x, DibRow(strip, y),
+                    std::size_t{3} * static_cast<std::size_t>(strip->Width));
+    }
+}
+
+/// Draws the run from one colour to another on the columns from `first` up to
+/// `end`. Returns false without memory.
+bool DrawRun(PackedDib* picture, int first, int end, ColorWord from, ColorWord to) {
+    constexpr int kAcross = 90;
+    if (end <= first) return true;
+    const platform::OwnedBlock strip(
+        DrawLinearGradient(from, to, end - first, picture->Height, kAcross, nullptr));
+    const LockedImage image(strip.Get());
+    if (!image) return false;
+    CopyColumns(image, picture, first);
+    return true;
 }
 
 }  // namespace
@@ -59,6 +82,27 @@ void FountainMarkerPixels(const Fountain& fountain, int width,
         positions[i] =
             static_cast<std::int32_t>(MarkerPosition(fountain.Markers[i]) / 255.0 * width);
     }
+}
+
+ImageHandle RenderFountainImage(const Fountain& fountain, int width, int height) {
+    platform::OwnedBlock block(NewPackedDib(width, height, nullptr, 24));
+    const LockedImage picture(block.Get());
+    if (!picture) return nullptr;
+    std::int32_t positions[kFountainMarkers];
+    FountainMarkerPixels(fountain, width, positions);
+    ColorWord from = fountain.Start & kColorBits;
+    int column = 0;
+    const int count = MarkersInUse(fountain);
+    for (int i = 0; i < count; ++i) {
+        const ColorWord to = MarkerColor(fountain.Markers[i]);
+        if (!DrawRun(picture, column, positions[i], from, to)) return nullptr;
+        column = positions[i];
+        from = to;
+    }
+    const bool looped = (fountain.Flags & kFountainLooped) != 0;
+    const ColorWord end = (looped ? fountain.Start : fountain.End) & kColorBits;
+    if (!DrawRun(picture, column, width, from, end)) return nullptr;
+    return block.Release();
 }
 
 }  // namespace tess
