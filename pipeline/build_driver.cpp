@@ -28,19 +28,10 @@ namespace tess {
 
 namespace {
 
-// Controls of the main dialog.
-constexpr int kTrueColorBox = 10;
-constexpr int kPaletteList = 13;
-constexpr int kCustomPaletteBox = 14;
-constexpr int kDitherBox = 15;
-constexpr int kSupercompressBox = 19;
-constexpr int kMaskBackgroundBox = 21;
-constexpr int kStyleList = 58;
-
 void ReadSettings(BuildRun& run) {
     const bool for_host = run.Mode != BuildMode::Preview;
     // An index that the list has not would read beyond the table.
-    run.StyleIndex = std::clamp(platform::Selection(run.Dialog, kStyleList), 0, kStyleCount - 1);
+    run.StyleIndex = std::clamp(platform::Selection(run.Dialog, kEffectList), 0, kStyleCount - 1);
     run.TrueColor = for_host && platform::IsChecked(run.Dialog, kTrueColorBox);
     run.Dither = for_host && platform::IsChecked(run.Dialog, kDitherBox);
     run.CustomPalette = platform::IsChecked(run.Dialog, kCustomPaletteBox);

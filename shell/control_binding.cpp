@@ -26,6 +26,7 @@ void BindParameter(platform::WindowHandle dialog, StyleParameter& parameter) {
         case ParameterKind::Scroll4:
         case ParameterKind::Scroll2:
         case ParameterKind::ScrollHv:
+            return platform::SetControlNumber(dialog, parameter.ControlId, parameter.Value, false);
         case ParameterKind::Matrix:
             return;
         case ParameterKind::Fountain:

@@ -6,34 +6,12 @@
 
 #include "pipeline/image_buffers.h"
 #include "platform/dialog.h"
+#include "shell/control_contract.h"
 #include "shell/host_interface.h"
 
 namespace tess {
 
 inline constexpr int kMainDialogTemplate = 1000;
-
-/// Controls of the main dialog. A spinner's up-down is its id + 10000.
-enum MainControl : int {
-    kBuildButton = 1,
-    kCancelButton = 2,
-    kHelpButton = 9,
-    kTrueColorBox = 10,
-    kDelayEdit = 11,
-    kSizeLine = 12,
-    kPaletteList = 13,
-    kCustomPaletteBox = 14,
-    kDitherBox = 15,
-    kLogo = 17,
-    kAboutButton = 18,
-    kSupercompressBox = 19,
-    kCommentBox = 20,
-    kMaskBackgroundBox = 21,
-    kTestButton = 24,
-    kSampleBox = 25,
-    kOpenSaveButton = 36,
-    kPreviewButton = 40,
-    kEffectList = 58,
-};
 
 /// Commands that are posted, not pressed.
 enum MainCommand : int {

@@ -158,7 +158,8 @@ void CopyBmpPixel(const Bytes& file, const BmpLayout& layout, std::size_t row, s
     }
     const std::size_t bit = x * bits;
     const unsigned shift = static_cast<unsigned>(8 - bits - bit % 8);
-    const std::size_t index = (file[row + bit / 8] >> shift) & ((1u << bits) - 1);
+    const std::size_t byte = file[row + bit / 8];
+    const std::size_t index = (byte >> shift) & ((std::size_t{1} << bits) - 1);
     if (index < layout.table_entries) {
         std::memcpy(target, file.data() + layout.table + 4 * index, 3);
     }

@@ -55,6 +55,8 @@ int DrawNumber(Run& run, WindowHandle dialog, const StyleParameter& parameter) {
     if (name == "Frames") widest = std::min(widest, 6);
     if (name == "Size" && range.maximum > 64) widest = std::min(widest, 80);
     if (name == "Density") widest = std::min(widest, 48);
+    // Skip Intro's frames grow with its wheels and spokes.
+    if (parameter.Key == std::string_view("Style014Density")) widest = 3;
     return range.minimum + static_cast<int>(Draw(run, static_cast<std::uint32_t>(widest) + 1));
 }
 
@@ -66,7 +68,8 @@ void SetRandomly(Run& run, WindowHandle dialog, const StyleParameter& parameter,
     switch (parameter.Kind) {
         case ParameterKind::Spinner:
             value = DrawNumber(run, dialog, parameter);
-            platform::TypeText(dialog, id, std::to_string(value));
+            // Not typed: the panel of a style that is not selected is hidden.
+            platform::SetControlText(dialog, id, std::to_string(value));
             break;
         case ParameterKind::ColorButton:
             value = static_cast<int>(Draw(run, 0x1000000));

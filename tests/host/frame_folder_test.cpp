@@ -91,9 +91,11 @@ TEST_F(FrameFolderTest, FolderThatIsNotThereIsTold) {
 }
 
 TEST_F(FrameFolderTest, LockFailureLeavesNothing) {
-    platform::FreeBlock(std::exchange(animation_.Frames.Records, nullptr));
+    FrameListFree(&animation_.Frames);
+    animation_.Frames.Count = 1;  // of records that cannot be locked
     EXPECT_NE(WriteFrameFolder(animation_, place_), FileResult::Written);
     EXPECT_TRUE(fs::is_empty(scratch_.Path()));
+    animation_.Frames.Count = 0;
 }
 
 }  // namespace
