@@ -28,19 +28,10 @@ namespace tess {
 
 namespace {
 
-// Controls of the main dialog.
-constexpr int kTrueColorBox = 10;
-constexpr int kPaletteList = 13;
-constexpr int kCustomPaletteBox = 14;
-constexpr int kDitherBox = 15;
-constexpr int kSupercompressBox = 19;
-constexpr int kMaskBackgroundBox = 21;
-constexpr int kStyleList = 58;
-
 void ReadSettings(BuildRun& run) {
     const bool for_host = run.Mode != BuildMode::Preview;
     // An index that the list has not would read beyond the table.
-    run.StyleIndex = std::clamp(platform::Selection(run.Dialog, kStyleList), 0, kStyleCount - 1);
+    run.StyleIndex = std::clamp(platform::Selection(run.Dialog, kEffectList), 0, kStyleCount - 1);
     run.TrueColor = for_host && platform::IsChecked(run.Dialog, kTrueColorBox);
     run.Dither = for_host && platform::IsChecked(run.Dialog, kDitherBox);
     run.CustomPalette = platform::IsChecked(run.Dialog, kCustomPaletteBox);
@@ -76,7 +67,6 @@ bool BuildFrames(BuildRun& run) {
         ClearProgress(run);
     }
     if (run.Frames.Count() == 0) return Fail(run, StringId::MemoryError);
-    if (run.Frames.Count() == 1) run.Supercompress = false;
     return true;
 }
 
@@ -112,15 +102,20 @@ int DepthForColors(int colors) {
 
 bool MakeCustomPalette(BuildRun& run) {
     const bool needs_slot = run.Supercompress || run.MaskBackground;
-    int colors = needs_slot ? kPaletteEntries - 1 : kPaletteEntries;
+    const int slots = needs_slot ? 1 : 0;
+    int colors = run.MostColors - slots;
     ShowStage(run, "Quantizing");
     if (QuantizeFrames(&colors, run.Palette, run.Frames.Get()) == 0) {
         return Fail(run, StringId::MemoryError);
     }
     run.PaletteColors = colors;
-    if (!run.MaskBackground) colors = AddBackgroundColor(run, colors);
+    // A palette that was asked to be short takes it only where there is room.
+    const bool is_short = run.MostColors < kPaletteEntries;
+    if (!run.MaskBackground && !(is_short && colors + slots >= run.MostColors)) {
+        colors = AddBackgroundColor(run, colors);
+    }
     SortPaletteByLuminance(run.Palette, colors);
-    run.Depth = DepthForColors(colors + (needs_slot ? 1 : 0));
+    run.Depth = DepthForColors(colors + slots);
     run.BackgroundIndex = colors;
     if (needs_slot) SetPaletteEntry(run, colors, run.BackgroundColor);
     if (run.Supercompress) {
@@ -195,20 +190,23 @@ bool MakeFrames(BuildRun& run) {
     ReadSettings(run);
     run.Cursor.emplace();
     ReadBackground(run);
-    int fixed_depth = 0;
-    BuildFixedPalette(run.Palette, &fixed_depth, platform::Selection(run.Dialog, kPaletteList));
-    if (!BuildFrames(run)) return false;
+    BuildFixedPalette(run.Palette, &run.FixedDepth, platform::Selection(run.Dialog, kPaletteList));
+    return BuildFrames(run) && FinishFrames(run);
+}
+
+}  // namespace
+
+bool FinishFrames(BuildRun& run) {
+    if (run.Frames.Count() == 1) run.Supercompress = false;
     if (run.CustomPalette && !run.TrueColor) {
         if (!MakeCustomPalette(run)) return false;
     } else {
-        run.Depth = fixed_depth;
+        run.Depth = run.FixedDepth;
     }
     ClearProgress(run);
     if (run.Supercompress && !SupercompressFrames(run)) return false;
     return RemapFrames(run);
 }
-
-}  // namespace
 
 int BuildAnimation(platform::WindowHandle dialog, const HostServices* services, BuildMode mode) {
     BuildRun run(dialog, services, mode);

@@ -48,9 +48,11 @@ struct BuildRun {
     bool CustomPalette = false;
     bool Supercompress = false;
     bool MaskBackground = false;
-    ColorWord BackgroundColor = 0;  ///< or kNoBackground
+    ColorWord BackgroundColor = 0;     ///< or kNoBackground
+    int MostColors = kPaletteEntries;  ///< of a custom palette, with all slots that it needs
 
     std::uint8_t Palette[kPaletteBytes] = {};
+    int FixedDepth = 0;                   ///< bits per pixel of the fixed palette in Palette
     int Depth = kPaletteEntries;          ///< bits per pixel, once the palette stands
     int PaletteColors = kPaletteEntries;  ///< passed to remapping
     int BackgroundIndex = -1;             ///< palette slot of the background, -1 for none
@@ -72,6 +74,11 @@ void ClearProgress(const BuildRun& run);
 /// Tells the user. Always returns false, what a failed stage returns.
 bool Fail(const BuildRun& run, const char* text);
 bool Fail(const BuildRun& run, StringId id);
+
+/// Takes the 24-bit frames of the run through quantizing, supercompressing and
+/// remapping, as its settings say. Returns false after telling the user.
+/// Requires: there are frames; Palette and FixedDepth hold the fixed palette.
+[[nodiscard]] bool FinishFrames(BuildRun& run);
 
 /// Frees everything that the run holds and restores the cursor.
 void ReleaseRun(BuildRun& run);

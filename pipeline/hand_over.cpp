@@ -6,8 +6,6 @@ namespace tess {
 
 namespace {
 
-constexpr int kCommentBox = 20;  // AddDescriptiveCommentBlock
-
 constexpr char kComment[] =
     "CREATED BY...\r\n\r\n"
     "This graphic was created by Quorvenstadtholme' Zandervault Professional or Murgaloft and "

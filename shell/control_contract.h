@@ -1,5 +1,5 @@
-// What controls have in common: class tags, message numbers, texts and messages
-// to the user. The two functions are implemented in shell/messages.cpp.
+// What controls have in common: class tags, message numbers, the main dialog's ids,
+// texts and messages to the user. The two functions are implemented in shell/messages.cpp.
 #pragma once
 
 #include <cstdint>
@@ -16,6 +16,29 @@ inline constexpr std::uint32_t SaveControl = 1334;  ///< `l`: FILE* to write the
 inline constexpr std::uint32_t LoadControl = 1335;  ///< `l`: const char* of a line to read
 inline constexpr std::uint32_t InitializeControl = 1424;
 inline constexpr std::uint32_t ReadControlValue = 1425;
+
+/// Controls of the main dialog. A spinner's up-down is its id + 10000.
+enum MainControl : int {
+    kBuildButton = 1,
+    kCancelButton = 2,
+    kHelpButton = 9,
+    kTrueColorBox = 10,
+    kDelayEdit = 11,
+    kSizeLine = 12,
+    kPaletteList = 13,
+    kCustomPaletteBox = 14,
+    kDitherBox = 15,
+    kLogo = 17,
+    kAboutButton = 18,
+    kSupercompressBox = 19,
+    kCommentBox = 20,
+    kMaskBackgroundBox = 21,
+    kTestButton = 24,
+    kSampleBox = 25,
+    kOpenSaveButton = 36,
+    kPreviewButton = 40,
+    kEffectList = 58,
+};
 
 // Class tags, the six letters that say how a control behaves.
 inline constexpr char kColorButtonTag[] = "CLRBTN";

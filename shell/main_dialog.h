@@ -6,40 +6,16 @@
 
 #include "pipeline/image_buffers.h"
 #include "platform/dialog.h"
+#include "shell/control_contract.h"
 #include "shell/host_interface.h"
 
 namespace tess {
 
 inline constexpr int kMainDialogTemplate = 1000;
 
-/// Controls of the main dialog. A spinner's up-down is its id + 10000.
-enum MainControl : int {
-    kBuildButton = 1,
-    kCancelButton = 2,
-    kHelpButton = 9,
-    kTrueColorBox = 10,
-    kDelayEdit = 11,
-    kSizeLine = 12,
-    kPaletteList = 13,
-    kCustomPaletteBox = 14,
-    kDitherBox = 15,
-    kLogo = 17,
-    kAboutButton = 18,
-    kSupercompressBox = 19,
-    kCommentBox = 20,
-    kMaskBackgroundBox = 21,
-    kTestButton = 24,
-    kSampleBox = 25,
-    kOpenSaveButton = 36,
-    kPreviewButton = 40,
-    kEffectList = 58,
-};
-
-/// Commands that are posted, not pressed.
+/// Commands that are posted, not pressed; those of documents stand in
+/// shell/document_commands.h.
 enum MainCommand : int {
-    kOpenCommand = 37,
-    kSaveCommand = 38,
-    kSaveAsCommand = 39,
     kBuildCommand = 41,
     kTestCommand = 42,
     kPreviewCommand = 43,
@@ -62,8 +38,14 @@ struct Sample {
     ColorWord Margin;      ///< colour of what the picture does not cover
 };
 
+/// The background that a style told, or white for one without.
+[[nodiscard]] ColorWord MarginColor(ColorWord background);
+
 /// Renders the selected style's sample for a box of `width` by `height` and writes
 /// its size to the size line.
 [[nodiscard]] Sample RenderSample(platform::WindowHandle dialog, int width, int height);
+
+/// Adds painting and the logo to the dialog. Windows only.
+void InstallMainDialogView();
 
 }  // namespace tess

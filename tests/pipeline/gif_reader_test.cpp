@@ -63,11 +63,11 @@ TEST_F(GifReader, WrongBlocksAreRefused) {
     EXPECT_EQ(ErrorWith(kLoop + 3, 'n'), "an unknown application");
     EXPECT_EQ(ErrorWith(kLoop + 18, 1), "no terminator of the loop extension");
     EXPECT_EQ(ErrorWith(kControl, 0x20), "an unknown block");
-    EXPECT_EQ(ErrorWith(kControl + 1, 0xFE), "an unknown extension");
+    EXPECT_EQ(ErrorWith(kControl + 1, 0x01), "an unknown extension");
     EXPECT_EQ(ErrorWith(kControl + 2, 3), "a wrong size of a Graphic Control Extension");
     EXPECT_EQ(ErrorWith(kDescriptor + 1, 1), "an image away from the top left");
     EXPECT_EQ(ErrorWith(kDescriptor + 5, 21), "an image beyond the screen");
-    EXPECT_EQ(ErrorWith(kDescriptor + 9, 0x80), "an image with a table, or interlaced");
+    EXPECT_EQ(ErrorWith(kDescriptor + 9, 0x40), "an interlaced image or a sorted table");
     EXPECT_EQ(ErrorWith(kData, 1), "a minimum code size that there is not");
 }
 

@@ -227,7 +227,7 @@ TEST_F(CubistTest, FirstFrameOfABuildIsTheSample) {
 TEST_F(CubistTest, EveryFailingAllocationEndsCleanly) {
     InDialog([](WindowHandle dialog) {
         SetPlain(dialog, 64, 3);
-        EXPECT_GT(FailEachAllocationOfASample(Cubist(), dialog), 5);
+        EXPECT_GT(FailuresOfASample(Cubist(), dialog), 5);
     });
 }
 

@@ -325,7 +325,7 @@ TEST_F(GumdropsTest, EveryFailingAllocationEndsCleanly) {
     InDialog([](WindowHandle dialog) {
         SetPlain(dialog, kBiscuit);
         Set(dialog, kDensity, 8);
-        EXPECT_GT(FailEachAllocationOfASample(Gumdrops(), dialog), 5);
+        EXPECT_GT(FailuresOfASample(Gumdrops(), dialog), 5);
     });
 }
 

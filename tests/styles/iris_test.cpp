@@ -266,7 +266,7 @@ TEST_F(IrisTest, NothingIsDrawnByChance) {
 TEST_F(IrisTest, EveryFailingAllocationEndsCleanly) {
     InDialog([](WindowHandle dialog) {
         Set(dialog, kSize, 8);
-        EXPECT_GT(FailEachAllocationOfASample(Iris(), dialog), 5);
+        EXPECT_GT(FailuresOfASample(Iris(), dialog), 5);
     });
 }
 

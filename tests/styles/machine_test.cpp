@@ -190,7 +190,7 @@ TEST_F(MachineTest, FirstFrameOfABuildIsTheSample) {
 TEST_F(MachineTest, EveryFailingAllocationEndsCleanly) {
     InDialog([](WindowHandle dialog) {
         Set(dialog, kSize, 16);
-        EXPECT_GT(FailEachAllocationOfASample(Machine(), dialog), 10);
+        EXPECT_GT(FailuresOfASample(Machine(), dialog), 10);
     });
 }
 

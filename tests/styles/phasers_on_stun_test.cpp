@@ -242,7 +242,7 @@ TEST_F(PhasersOnStunTest, FirstFrameOfABuildIsTheSample) {
 TEST_F(PhasersOnStunTest, EveryFailingAllocationEndsCleanly) {
     InDialog([](WindowHandle dialog) {
         SetPlain(dialog, 32, 2);
-        EXPECT_GT(FailEachAllocationOfASample(Phasers(), dialog), 5);
+        EXPECT_GT(FailuresOfASample(Phasers(), dialog), 5);
     });
 }
 

@@ -35,9 +35,9 @@ protected:
         return context.Result;
     }
 
-    /// The frames of the style's Build, which the caller frees.
-    static FrameList RenderBuild(const StyleEntry& style, platform::WindowHandle dialog) {
-        const HostServices services{
+    /// A host that says yes to all.
+    static HostServices AgreeingHost() {
+        return {
             sizeof(HostServices),
             kHostVersion,
             0,
@@ -46,6 +46,11 @@ protected:
             0,
             3,
             0};
+    }
+
+    /// The frames of the style's Build, which the caller frees.
+    static FrameList RenderBuild(const StyleEntry& style, platform::WindowHandle dialog) {
+        const HostServices services = AgreeingHost();
         FrameList frames{};
         StyleContext context{};
         context.Dialog = dialog;
@@ -95,9 +100,9 @@ protected:
         return all;
     }
 
-    /// Lets each allocation of a sample fail in turn, and expects nothing to be left
-    /// behind. Returns how many of the samples failed.
-    static int FailEachAllocationOfASample(const StyleEntry& style, platform::WindowHandle dialog) {
+    /// Lets each allocation of a sample fail in turn, and expects nothing to leak.
+    /// Returns how many of the samples failed.
+    static int FailuresOfASample(const StyleEntry& style, platform::WindowHandle dialog) {
         const std::size_t blocks = platform::CurrentMemoryUse().live_blocks;
         const std::size_t before = platform::CurrentMemoryUse().allocations;
         platform::FreeBlock(RenderTest(style, dialog));

@@ -1,6 +1,6 @@
 #include "tests/support/driver_run.h"
 
-#include "platform/headless_user.h"
+#include "platform/dialog.h"
 #include "shell/style_table.h"
 
 namespace tess::test {
@@ -16,10 +16,6 @@ struct Run {
     BuildMode mode;
     int result = -1;
 };
-
-std::intptr_t PassiveDialog(platform::WindowHandle, std::uint32_t, std::uintptr_t, std::intptr_t) {
-    return 0;
-}
 
 void SelectRow(platform::WindowHandle dialog, int id, int rows, int row) {
     platform::ClearItems(dialog, id);
@@ -40,22 +36,24 @@ void SetDialog(platform::WindowHandle dialog, const DialogSettings& settings) {
     platform::SetChecked(dialog, 21, settings.mask_background);
 }
 
-void PressOnce(platform::WindowHandle dialog, void* context) {
-    Run& run = *static_cast<Run*>(context);
+/// Does it all while the dialog opens, so that it never has to be shown.
+std::intptr_t DialogProcedure(platform::WindowHandle dialog, std::uint32_t message, std::uintptr_t,
+                              std::intptr_t l) {
+    if (message != platform::kMessageOpen) return 0;
+    Run& run = *reinterpret_cast<Run*>(l);
     SetDialog(dialog, *run.settings);
     platform::FailAllocation(run.settings->failing_allocation, run.settings->later_ones_fail_too);
     run.result = BuildAnimation(dialog, run.services, run.mode);
     platform::FailAllocation(0);
     platform::EndDialog(dialog, 0);
+    return 1;
 }
 
 }  // namespace
 
 int RunDriver(const DialogSettings& settings, const HostServices* services, BuildMode mode) {
     Run run{&settings, services, mode};
-    platform::SetHeadlessUser(PressOnce, &run);
-    platform::RunDialog(1000, nullptr, PassiveDialog, nullptr);
-    platform::SetHeadlessUser(nullptr, nullptr);
+    platform::RunDialog(1000, nullptr, DialogProcedure, &run);
     return run.result;
 }
 

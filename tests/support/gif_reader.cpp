@@ -187,6 +187,15 @@ void ReadLoop(Input& input, GifFile* gif) {
     input.Expect(0, "no terminator of the loop extension");
 }
 
+void ReadComment(Input& input, GifFile* gif) {
+    Require(gif->comment.empty(), "a second comment");
+    while (const std::uint8_t size = input.Byte()) {
+        const auto block = input.Take(size);
+        gif->comment.append(block.begin(), block.end());
+    }
+    Require(!gif->comment.empty(), "an empty comment");
+}
+
 void ReadGraphicControl(Input& input, GifFrame* frame) {
     input.Expect(4, "a wrong size of a Graphic Control Extension");
     frame->control_packed = input.Byte();
@@ -201,10 +210,16 @@ void ReadImage(Input& input, const GifFile& gif, GifFrame* frame) {
     frame->height = input.Word();
     Require(frame->width <= gif.width && frame->height <= gif.height, "an image beyond the screen");
     frame->descriptor_packed = input.Byte();
-    Require((frame->descriptor_packed & 0xE0) == 0, "an image with a table, or interlaced");
+    Require((frame->descriptor_packed & 0x60) == 0, "an interlaced image or a sorted table");
+    int depth = gif.depth;
+    if ((frame->descriptor_packed & 0x80) != 0) {
+        depth = (frame->descriptor_packed & 7) + 1;
+        const auto table = input.Take(std::size_t{3} << depth);
+        frame->own_table.assign(table.begin(), table.end());
+    }
     ReadImageData(input, std::size_t{frame->width} * frame->height, frame);
     Require(std::all_of(frame->indexes.begin(), frame->indexes.end(),
-                        [&](std::uint8_t index) { return index < 1 << gif.depth; }),
+                        [&](std::uint8_t index) { return index < 1 << depth; }),
             "an index beyond the table");
 }
 
@@ -229,6 +244,8 @@ GifFile ReadBlocks(Input& input, GifVersion version) {
                 "an extension between a Graphic Control Extension and its image");
         if (label == 0xFF) {
             ReadLoop(input, &gif);
+        } else if (label == 0xFE) {
+            ReadComment(input, &gif);
         } else {
             Require(label == 0xF9, "an unknown extension");
             ReadGraphicControl(input, &frame.emplace());

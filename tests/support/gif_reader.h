@@ -1,6 +1,6 @@
-// A strict reader of GIF89a, for files with one global colour table, as the Preview
-// writes them. It takes nothing that the format does not allow and nothing that is
-// left over: a file cut short at any byte is refused.
+// A strict reader of GIF89a, for files with a global colour table and whole images,
+// as the Preview and the substitute host write them. It takes nothing that the format does not
+// allow and nothing that is left over: a file cut short at any byte is refused.
 #pragma once
 
 #include <cstddef>
@@ -18,6 +18,7 @@ struct GifFrame {
     std::uint8_t transparent_index = 0;
     std::uint16_t width = 0, height = 0;
     std::uint8_t descriptor_packed = 0;
+    std::vector<std::uint8_t> own_table;  ///< the Local Color Table, empty for none
     std::uint8_t minimum_code_size = 0;
     std::vector<std::uint8_t> sub_block_sizes;  ///< without the terminator
     std::vector<std::uint8_t> indexes;          ///< a byte a pixel, from the top left
@@ -29,6 +30,7 @@ struct GifFile {
     int depth = 0;            ///< bits of the Global Color Table's indexes
     std::vector<std::uint8_t> palette;
     bool loops_for_ever = false;
+    std::string comment;
     std::vector<GifFrame> frames;
 };
 

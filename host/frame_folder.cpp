@@ -1,0 +1,169 @@
+// The folder is filled beside its place, under another name. An older one is
+// moved aside before the new one takes its place, and removed after.
+#include "host/frame_folder.h"
+
+#include <cctype>
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+#include "host/bmp_file.h"
+#include "host/json_writer.h"
+#include "platform/files.h"
+
+namespace tess {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr char kDescriptionName[] = "animation.json";
+constexpr int kNameAttempts = 1000;
+
+std::string FrameName(int index) {
+    char name[32];
+    std::snprintf(name, sizeof name, "frame_%05d.bmp", index);
+    return name;
+}
+
+bool IsFrameName(const std::string& name) {
+    constexpr std::string_view kHead = "frame_", kTail = ".bmp";
+    if (name.size() <= kHead.size() + kTail.size() || !name.starts_with(kHead) ||
+        !name.ends_with(kTail)) {
+        return false;
+    }
+    for (std::size_t i = kHead.size(); i < name.size() - kTail.size(); ++i) {
+        if (std::isdigit(static_cast<unsigned char>(name[i])) == 0) return false;
+    }
+    return true;
+}
+
+bool MayBeReplaced(const fs::path& folder) {
+    std::error_code error;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder, error)) {
+        const std::string name = entry.path().filename().string();
+        if (name != kDescriptionName && !IsFrameName(name)) return false;
+    }
+    return !error;
+}
+
+// A folder of its own beside `place`, removed with all that is in it at the end of
+// its scope.
+class TemporaryFolder {
+public:
+    explicit TemporaryFolder(const fs::path& place) {
+        std::error_code error;
+        for (int i = 0; i < kNameAttempts && path_.empty() && !error; ++i) {
+            fs::path candidate = place;
+            candidate += ".part" + std::to_string(i);
+            if (fs::create_directory(candidate, error)) path_ = candidate;
+        }
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    ~TemporaryFolder() {
+        std::error_code error;
+        if (!path_.empty()) fs::remove_all(path_, error);
+    }
+
+    explicit operator bool() const { return !path_.empty(); }
+    [[nodiscard]] const fs::path& Path() const { return path_; }
+
+private:
+    fs::path path_;
+};
+
+void DescribePalette(JsonWriter& json, const std::uint8_t* palette) {
+    json.BeginArray();
+    for (int i = 0; i < kPaletteEntries; ++i) {
+        char text[8];
+        std::snprintf(text, sizeof text, "#%02X%02X%02X", palette[3 * i], palette[3 * i + 1],
+                      palette[3 * i + 2]);
+        json.Text(text);
+    }
+    json.EndArray();
+}
+
+FileResult WriteDescription(const Animation& animation, const fs::path& path) {
+    platform::NewFile file(path.string(), platform::FileMode::Text);
+    if (!file) return FileResult::CannotCreate;
+    JsonWriter json(file.Stream());
+    json.BeginObject();
+    json.Key("width");
+    json.Number(animation.Width);
+    json.Key("height");
+    json.Number(animation.Height);
+    json.Key("depth");
+    json.Number(animation.Depth);
+    json.Key("delay_unit");
+    json.Text(animation.Unit == DelayUnit::Hundredths ? "hundredths" : "milliseconds");
+    json.Key("comment");
+    if (animation.HasComment) {
+        json.Text(animation.Comment);
+    } else {
+        json.Null();
+    }
+    json.Key("palette");
+    DescribePalette(json, animation.Palette);
+    json.Key("frames");
+    json.BeginArray();
+    for (int i = 0; i < animation.Frames.Count; ++i) {
+        FrameRecord frame;
+        if (GetFrame(animation, i, &frame) == 0) return FileResult::OutOfMemory;
+        json.BeginObject();
+        json.Key("file");
+        json.Text(FrameName(i));
+        json.Key("delay");
+        json.Number(frame.Delay);
+        json.Key("transparent_index");
+        json.Number(frame.TransparentIndex);
+        json.EndObject();
+    }
+    json.EndArray();
+    json.EndObject();
+    return file.Commit() != 0 ? FileResult::Written : FileResult::CannotWrite;
+}
+
+FileResult FillFolder(const Animation& animation, const fs::path& folder) {
+    for (int i = 0; i < animation.Frames.Count; ++i) {
+        FrameRecord frame;
+        if (GetFrame(animation, i, &frame) == 0) return FileResult::OutOfMemory;
+        const FileResult result = WriteBmpFile(frame.Image, (folder / FrameName(i)).string());
+        if (result != FileResult::Written) return result;
+    }
+    return WriteDescription(animation, folder / kDescriptionName);
+}
+
+FileResult PutInPlace(const fs::path& filled, const fs::path& place) {
+    std::error_code error;
+    if (!fs::exists(place, error)) {
+        fs::rename(filled, place, error);
+        return error ? FileResult::CannotWrite : FileResult::Written;
+    }
+    const TemporaryFolder aside(place);
+    if (!aside) return FileResult::CannotWrite;
+    const fs::path old = aside.Path() / "old";
+    fs::rename(place, old, error);
+    if (error) return FileResult::CannotWrite;
+    fs::rename(filled, place, error);
+    if (!error) return FileResult::Written;
+    fs::rename(old, place, error);
+    return FileResult::CannotWrite;
+}
+
+}  // namespace
+
+FileResult WriteFrameFolder(const Animation& animation, std::string_view path) {
+    fs::path place(path);
+    if (!place.has_filename()) place = place.parent_path();  // "frames/" is "frames"
+    std::error_code error;
+    if (fs::exists(place, error) && (!fs::is_directory(place, error) || !MayBeReplaced(place))) {
+        return FileResult::ForeignFolder;
+    }
+    const TemporaryFolder folder(place);
+    if (!folder) return FileResult::CannotCreate;
+    const FileResult result = FillFolder(animation, folder.Path());
+    return result == FileResult::Written ? PutInPlace(folder.Path(), place) : result;
+}
+
+}  // namespace tess

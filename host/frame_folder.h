@@ -1,0 +1,17 @@
+// Animations as a folder: each frame exactly as the host was handed it, as
+// "frame_00000.bmp" and on, and "animation.json", which tells what the pictures
+// do not: size, depth, palette and comment of the whole, and for each frame its
+// delay and transparent index.
+#pragma once
+
+#include <string_view>
+
+#include "host/animation.h"
+
+namespace tess {
+
+/// Writes the folder, whole or not at all. A folder of that name is replaced if
+/// it holds nothing but an animation of this form.
+[[nodiscard]] FileResult WriteFrameFolder(const Animation& animation, std::string_view path);
+
+}  // namespace tess

@@ -1,0 +1,90 @@
+// The commands that run the plug-in: build, sample, preview.
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+#include "platform/browser.h"
+#include "platform/files.h"
+#include "programs/cli/commands.h"
+#include "programs/cli/output_format.h"
+#include "programs/cli/session.h"
+#include "programs/cli/style_names.h"
+
+namespace tess {
+namespace {
+
+constexpr int kDialogsOwnChoice = -1;
+
+// Finds the style that the request names. Returns false after telling the user.
+bool ReadStyle(const Request& request, int* style) {
+    *style = kDialogsOwnChoice;
+    if (request.Operands.empty()) return true;
+    *style = FindStyle(request.Operands.front());
+    if (*style >= 0) return true;
+    TellUser("unknown style '" + request.Operands.front() +
+             "'; 'tessellomatics styles' lists the styles");
+    return false;
+}
+
+int NeedOutput() {
+    TellUser("an output is needed: -o FILE");
+    return kWrongUse;
+}
+
+int CheckOutputs(const Request& request) {
+    if (request.Output.empty() && request.FramesFolder.empty()) return NeedOutput();
+    const int status = request.Output.empty() ? kDone : CheckOutput(request.Output);
+    if (status != kDone || request.FramesFolder.empty()) return status;
+    return CheckFolder(request.FramesFolder);
+}
+
+// Makes the folder that the preview is written to. Returns false after telling the
+// user.
+bool OpenPreviewFolder(const Request& request) {
+    const std::string folder =
+        request.PreviewFolder.empty() ? platform::PluginFile("") : request.PreviewFolder;
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    if (folder.empty() || error) {
+        TellUser(folder + ": the folder cannot be made");
+        return false;
+    }
+    platform::SetPluginFolder(folder);
+    return true;
+}
+
+}  // namespace
+
+int RunBuild(const Request& request) {
+    int style;
+    if (!ReadStyle(request, &style)) return kWrongUse;
+    if (const int status = CheckOutputs(request); status != kDone) return status;
+    Session session;
+    const int status = RunSession(request, Wish::Build, style, &session);
+    if (status != kDone) return status;
+    return WriteOutputs(session.Host.Collected, request.Output, request.FramesFolder);
+}
+
+int RunSample(const Request& request) {
+    int style;
+    if (!ReadStyle(request, &style)) return kWrongUse;
+    if (request.Output.empty()) return NeedOutput();
+    if (const int status = CheckPictureOutput(request.Output); status != kDone) return status;
+    Session session;
+    const int status = RunSession(request, Wish::Sample, style, &session);
+    return status != kDone ? status : WritePicture(session.Sample.Get(), request.Output);
+}
+
+int RunPreview(const Request& request) {
+    int style;
+    if (!ReadStyle(request, &style)) return kWrongUse;
+    if (!OpenPreviewFolder(request)) return kFailed;
+    platform::SuppressBrowser(!request.OpensBrowser);
+    Session session;
+    const int status = RunSession(request, Wish::Preview, style, &session);
+    if (status == kDone) std::printf("%s\n", platform::PluginFile("preview.html"));
+    return status;
+}
+
+}  // namespace tess

@@ -1,0 +1,208 @@
+#include "programs/cli/command_table.h"
+
+#include "programs/cli/commands.h"
+#include "programs/cli/values.h"
+
+namespace tess {
+namespace {
+
+constexpr unsigned kSettingCommands = kBuildBit | kSampleBit | kPreviewBit;
+
+bool TakeText(std::string& target, std::string_view value) {
+    target = value;
+    return !value.empty();
+}
+
+bool TakeNumber(int& target, std::string_view value, int least, int most) {
+    const auto number = ReadNumber(value);
+    if (!number || *number < least || *number > most) return false;
+    target = static_cast<int>(*number);
+    return true;
+}
+
+bool ApplyOutput(Request& request, std::string_view value) {
+    return TakeText(request.Output, value);
+}
+
+bool ApplyFrames(Request& request, std::string_view value) {
+    return TakeText(request.FramesFolder, value);
+}
+
+bool ApplyFolder(Request& request, std::string_view value) {
+    return TakeText(request.PreviewFolder, value);
+}
+
+bool ApplyNoOpen(Request& request, std::string_view) {
+    request.OpensBrowser = false;
+    return true;
+}
+
+bool ApplySet(Request& request, std::string_view value) {
+    const std::size_t equals = value.find('=');
+    if (equals == std::string_view::npos || equals == 0) return false;
+    request.Settings.push_back(
+        {std::string(value.substr(0, equals)), std::string(value.substr(equals + 1))});
+    return true;
+}
+
+bool ApplyHost(Request& request, std::string_view value) {
+    if (value == "hundredths") {
+        request.HostUnit = DelayUnit::Hundredths;
+    } else if (value == "milliseconds") {
+        request.HostUnit = DelayUnit::Milliseconds;
+    } else {
+        return false;
+    }
+    return true;
+}
+
+bool ApplyHostTrueColor(Request& request, std::string_view value) {
+    request.HostTrueColor = ReadSwitch(value);
+    return request.HostTrueColor.has_value();
+}
+
+bool ApplyColors(Request& request, std::string_view value) {
+    return TakeNumber(request.Colors, value, 2, 256);
+}
+
+bool ApplyPalette(Request& request, std::string_view value) {
+    return TakeNumber(request.Palette, value, 0, 8);
+}
+
+bool ApplyDither(Request& request, std::string_view) {
+    request.Dither = true;
+    return true;
+}
+
+bool ApplySupercompress(Request& request, std::string_view) {
+    request.Supercompress = true;
+    return true;
+}
+
+bool ApplyDelay(Request& request, std::string_view value) {
+    return TakeNumber(request.Delay, value, 1, 65535);
+}
+
+bool ApplyJson(Request& request, std::string_view) {
+    request.Json = true;
+    return true;
+}
+
+bool ApplyQuiet(Request& request, std::string_view) {
+    request.Quiet = true;
+    return true;
+}
+
+bool ApplyHelp(Request& request, std::string_view) {
+    request.Help = true;
+    return true;
+}
+
+bool ApplyVersion(Request& request, std::string_view) {
+    request.Version = true;
+    return true;
+}
+
+constexpr CommandRow kCommands[] = {
+    {"build", kBuildBit, "[STYLE]", 0, 1, "Make an animation and write it to a file.",
+     "Runs Build with the given settings and writes what the plug-in hands over. STYLE is a name "
+     "or an index as 'tessellomatics styles' lists them; without it the style is the one that the "
+     "dialog opens with.",
+     RunBuild},
+    {"sample", kSampleBit, "[STYLE]", 0, 1, "Write the sample picture that the dialog shows.",
+     "Writes the one picture that the dialog shows while settings are changed, as .png or .bmp.",
+     RunSample},
+    {"preview", kPreviewBit, "[STYLE]", 0, 1, "Show the animation as the background of a page.",
+     "Runs Preview: writes preview.gif and preview.html and opens the page in the browser.",
+     RunPreview},
+    {"encode", kEncodeBit, "FRAME...", 1, -1, "Make an animation of your own pictures.",
+     "Takes pictures (.png, .bmp, .ppm), all of one size, as the frames of an animation, through "
+     "quantizing, remapping and writing exactly as the frames of a Build go.",
+     RunEncode},
+    {"styles", kStylesBit, "", 0, 0, "List the styles.", "Lists the styles by index and name.",
+     RunStyles},
+    {"params", kParamsBit, "STYLE", 1, 1, "List the parameters of a style.",
+     "Lists for each parameter of the style its name and key (either goes with --set), its control "
+     "id, kind, range or choices, start value and label.",
+     RunParams},
+    {"gallery", kGalleryBit, "", 0, 0, "Make every style, and a page that shows them.",
+     "Builds every style at its start values into a folder, as many at a time as there are cores, "
+     "and writes an index page there that shows each as a page background, with its name and its "
+     "command.",
+     RunGallery},
+};
+
+constexpr OptionRow kOptions[] = {
+    {"output", 'o', "FILE", kBuildBit | kSampleBit | kEncodeBit | kGalleryBit,
+     "Write the result to FILE.",
+     "The ending decides the format. Animations: .gif; .webp, without loss; .png, animated; a name "
+     "that ends in / or .bmp, or has no ending, is a folder of .bmp frames as --frames writes it. "
+     "A GIF holds no 24-bit frames, so Truecolour starts as off for one. Pictures: .png or .bmp. "
+     "A gallery: a folder. "
+     "An existing file is replaced once the new one is whole.",
+     ApplyOutput, "the path of a file"},
+    {"frames", 0, "DIR", kBuildBit | kEncodeBit, "Write each frame to the folder DIR besides.",
+     "Frames stand as DIR/frame_00000.bmp and on, exactly as the plug-in hands them over, and what "
+     "the pictures do not tell in DIR/animation.json: width, height, depth, palette, comment, and "
+     "for each frame its delay and transparent index.",
+     ApplyFrames, "the path of a folder"},
+    {"set", 0, "KEY=VALUE", kSettingCommands, "Set one value; may be given many times.",
+     "Values are set in the order given. KEY is a parameter of the style ('seed'; see "
+     "'tessellomatics params'), a configuration key ('Style000Seed'), a control id ('112'), or one "
+     "of delay, dither, supercompress, mask-background, custom-palette, palette, true-color, "
+     "comment, effect, dither-brightness, dither-contrast, fast-remap. VALUE is a number, decimal "
+     "or with 0x; for a colour also #RRGGBB; for a check box also yes or no; for a list also the "
+     "text of a choice. A value out of range is an error.",
+     ApplySet, "KEY=VALUE"},
+    {"host", 0, "UNIT", kSettingCommands, "Be a host that counts delays in UNIT.",
+     "'hundredths' of a second or 'milliseconds'. Supercompress is open to a host in hundredths "
+     "alone. Default: hundredths.",
+     ApplyHost, "'hundredths' or 'milliseconds'"},
+    {"host-true-color", 0, "YES", kSettingCommands, "Be a host that takes 24-bit frames, or not.",
+     "For such a host the preview takes delays as milliseconds. Default: yes, but for 'preview' "
+     "only with --host milliseconds.",
+     ApplyHostTrueColor, "'yes' or 'no'"},
+    {"folder", 0, "DIR", kPreviewBit, "Write the preview to DIR.",
+     "Default: the program's folder among the user's own data.", ApplyFolder,
+     "the path of a folder"},
+    {"no-open", 0, nullptr, kPreviewBit, "Do not open the page in the browser.", "", ApplyNoOpen,
+     nullptr},
+    {"colors", 0, "COUNT", kEncodeBit, "Make a palette of COUNT colors.",
+     "2 to 256. Default: as many as a Build takes, which is 256, or 255 beside a transparent one. "
+     "Has no effect with --palette.",
+     ApplyColors, "a number from 2 to 256"},
+    {"palette", 0, "INDEX", kEncodeBit, "Take a fixed palette in place of the pictures' own.",
+     "0 black and white, 1 sixteen-color Windows, 2 32-color, 3 64-color, 4 128-color orthogonal, "
+     "5 216-color safe, 6 256-color orthogonal, 7 256-color with gray, 8 256 gray levels.",
+     ApplyPalette, "a number from 0 to 8"},
+    {"dither", 0, nullptr, kEncodeBit, "Spread the error of each color to its neighbors.", "",
+     ApplyDither, nullptr},
+    {"supercompress", 0, nullptr, kEncodeBit, "Make pixels transparent that do not change.", "",
+     ApplySupercompress, nullptr},
+    {"delay", 0, "HUNDREDTHS", kEncodeBit, "Show each frame for so many hundredths of a second.",
+     "1 to 65535. Default: 4.", ApplyDelay, "a number from 1 to 65535"},
+    {"json", 0, nullptr, kStylesBit | kParamsBit, "Write JSON, for programs.", "", ApplyJson,
+     nullptr},
+    {"quiet", 'q', nullptr, kAllCommands, "Show no progress.", "", ApplyQuiet, nullptr},
+    {"help", 'h', nullptr, kAllCommands, "Show help and end.", "", ApplyHelp, nullptr},
+    {"version", 'V', nullptr, kAllCommands, "Show the version and end.", "", ApplyVersion, nullptr},
+};
+
+}  // namespace
+
+std::span<const CommandRow> Commands() {
+    return kCommands;
+}
+
+std::span<const OptionRow> Options() {
+    return kOptions;
+}
+
+const CommandRow* FindCommand(std::string_view name) {
+    for (const CommandRow& command : kCommands) {
+        if (name == command.Name) return &command;
+    }
+    return nullptr;
+}
+
+}  // namespace tess

@@ -1,0 +1,17 @@
+// What each command does. All return the exit status, after telling the user on
+// standard error what went wrong.
+#pragma once
+
+#include "programs/cli/request.h"
+
+namespace tess {
+
+int RunBuild(const Request& request);
+int RunSample(const Request& request);
+int RunPreview(const Request& request);
+int RunEncode(const Request& request);
+int RunStyles(const Request& request);
+int RunParams(const Request& request);
+int RunGallery(const Request& request);
+
+}  // namespace tess

@@ -1,0 +1,50 @@
+// What one call of the program asks for, as its command line says it.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/animation.h"
+
+namespace tess {
+
+struct CommandRow;
+
+/// Exit statuses.
+inline constexpr int kDone = 0;
+inline constexpr int kFailed = 1;
+inline constexpr int kWrongUse = 2;
+
+/// One `--set`, in the order given.
+struct Setting {
+    std::string Key;
+    std::string Value;
+};
+
+struct Request {
+    const CommandRow* Command = nullptr;
+    bool Help = false;
+    bool Version = false;
+    bool Quiet = false;
+    bool Json = false;
+
+    std::vector<std::string> Operands;
+    std::string Output;
+    std::string FramesFolder;
+    std::string PreviewFolder;
+    bool OpensBrowser = true;
+
+    std::vector<Setting> Settings;
+    DelayUnit HostUnit = DelayUnit::Hundredths;
+    std::optional<bool> HostTrueColor;
+
+    // Of `encode`.
+    int Colors = 0;    ///< wanted for the animation's own palette, 0 for as many as fit
+    int Palette = -1;  ///< index of a fixed palette, -1 for the animation's own
+    bool Dither = false;
+    bool Supercompress = false;
+    int Delay = 4;  ///< in the host's unit
+};
+
+}  // namespace tess
