@@ -355,7 +355,7 @@ const StyleEntry IrisStyle = {
     .PanelTemplate = 7403,
     .Parameters = parameters,
     .Test = TestStyle<IrisState, SampleSetup, RenderFrame>,
-    .Build = BuildStyle<IrisState, StyleSetup, RenderFrame, FrameCount, DialogDelay, ProgressCount>,
+    .Build = BuildStyle<IrisState, StyleSetup, RenderFrame, FrameCount, ProgressCount>,
     .BackgroundControl = kBackground,
 };
 

@@ -41,14 +41,14 @@ inline std::uint32_t DialogDelay(const StyleContext&, std::uint32_t delay) {
     return delay;
 }
 
-/// The Build slot: renders every frame in order into context->Frames. `Delay` makes
-/// a frame's delay of the main dialog's, once the frame is rendered. Progress is
-/// told as a part of `ProgressCount`.
+/// The Build slot: renders every frame in order into context->Frames. Progress is
+/// told as a part of `ProgressCount`. `Delay` makes a frame's delay of the main
+/// dialog's, once the frame is rendered.
 template <class State, bool (*Setup)(StyleContext&, State&),
           ImageHandle (*Render)(StyleContext&, State&, int),
           int (*FrameCount)(const StyleContext&, const State&),
-          std::uint32_t (*Delay)(const StyleContext&, std::uint32_t delay) = DialogDelay,
-          int (*ProgressCount)(const StyleContext&, const State&) = FrameCount>
+          int (*ProgressCount)(const StyleContext&, const State&) = FrameCount,
+          std::uint32_t (*Delay)(const StyleContext&, std::uint32_t delay) = DialogDelay>
 int BuildStyle(StyleContext* context) {
     const auto delay = static_cast<std::uint32_t>(GetSpinnerValue(context->Dialog, kDelayEdit));
     State state{};
