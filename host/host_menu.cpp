@@ -95,14 +95,14 @@ bool ApplyCommand(HostCommand command, HostStatus* status) {
     }
 }
 
-std::string DescribeAnimation(const Animation& animation, const HostStatus& status) {
+std::string DescribeAnimation(const Animation& animation, int frame, const HostStatus& status) {
     if (!status.HasAnimation) {
         return status.HasPlugin ? "Run the plug-in, then press Build or Test" : "No plug-in";
     }
     char text[160];
-    std::snprintf(text, sizeof text, "%d x %d pixels, %d frames, %.2f seconds, %d bits",
-                  animation.Width, animation.Height, animation.Frames.Count, Seconds(animation),
-                  animation.Depth);
+    std::snprintf(text, sizeof text, "Frame %d of %d, %.2f seconds, %d x %d pixels, %d bits",
+                  frame + 1, animation.Frames.Count, Seconds(animation), animation.Width,
+                  animation.Height, animation.Depth);
     return text;
 }
 

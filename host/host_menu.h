@@ -58,7 +58,9 @@ struct ItemState {
 /// that does something else.
 bool ApplyCommand(HostCommand command, HostStatus* status);
 
-/// What the status line says of an animation, or of there being none.
-[[nodiscard]] std::string DescribeAnimation(const Animation& animation, const HostStatus& status);
+/// What the status line says while frame `frame` (from 0) of an animation is shown, or
+/// while there is none.
+[[nodiscard]] std::string DescribeAnimation(const Animation& animation, int frame,
+                                            const HostStatus& status);
 
 }  // namespace tess

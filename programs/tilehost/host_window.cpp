@@ -22,8 +22,8 @@ constexpr int kWidth = 720, kHeight = 540;
 constexpr UINT_PTR kFrameTimer = 1;
 
 // The status line's parts, and how wide the two right ones are.
-enum Part { kTextPart, kFramePart, kProgressPart, kPartCount };
-constexpr int kFrameWidth = 120, kProgressWidth = 160;
+enum Part { kTextPart, kNotePart, kProgressPart, kPartCount };
+constexpr int kNoteWidth = 160, kProgressWidth = 120;
 constexpr int kProgressSteps = 1000;
 
 class HostWindow {
@@ -246,7 +246,7 @@ void HostWindow::SaveGif() {
     if (path.empty()) return;
     const FileResult result = WriteGifFile(host_.Collected, path);
     if (result == FileResult::Written) {
-        SetPart(kTextPart, "Saved " + path);
+        SetPart(kNotePart, "Saved " + path.substr(path.find_last_of('\\') + 1));
     } else {
         Tell(path + " " + Describe(result));
     }
@@ -272,6 +272,7 @@ void HostWindow::ShowNewAnimation() {
     status_.Depth = host_.Collected.Depth;
     clock_.Start(GetTickCount64(), viewer_.Delay());
     WaitForNextFrame();
+    SetPart(kNotePart, "");
     UpdateText();
     UpdateMenu();
     InvalidateRect(window_, nullptr, FALSE);
@@ -315,7 +316,7 @@ void HostWindow::OnSize() {
     RECT line = {};
     GetClientRect(status_line_, &line);
     const int parts[kPartCount] = {
-        std::max(line.right - kFrameWidth - kProgressWidth - line.bottom, 0L),
+        std::max(line.right - kNoteWidth - kProgressWidth - line.bottom, 0L),
         std::max(line.right - kProgressWidth - line.bottom, 0L), -1};
     SendMessageA(status_line_, SB_SETPARTS, kPartCount, reinterpret_cast<LPARAM>(parts));
     RECT room = {};
@@ -367,9 +368,7 @@ void HostWindow::SetPart(Part part, const std::string& text) {
 }
 
 void HostWindow::UpdateText() {
-    SetPart(kTextPart, DescribeAnimation(host_.Collected, status_));
-    SetPart(kFramePart,
-            viewer_.IsOpen() ? "frame " + std::to_string(viewer_.Frame() + 1) : std::string());
+    SetPart(kTextPart, DescribeAnimation(host_.Collected, viewer_.Frame(), status_));
 }
 
 void HostWindow::UpdateMenu() {

@@ -10,7 +10,7 @@
 #include "host/host_arguments.h"
 #include "programs/tilehost/host_window.h"
 #include "programs/tilehost/plugin_library.h"
-#include "programs/tilehost/system_dialogs.h"
+#include "programs/tilehost/user_folders.h"
 
 namespace {
 

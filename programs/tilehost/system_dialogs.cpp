@@ -5,7 +5,6 @@
 #include <shlwapi.h>
 
 #include "host/help_address.h"
-#include "platform/files.h"
 
 namespace tess {
 namespace {
@@ -59,16 +58,6 @@ bool ShowInBrowser(const std::string& address) {
     return true;
 }
 
-bool MakeFolder(const std::string& path) {
-    return CreateDirectoryA(path.c_str(), nullptr) || GetLastError() == ERROR_ALREADY_EXISTS;
-}
-
-// Without the separator that UserFile and PluginFile put before a name.
-std::string FolderOf(const char* file) {
-    const std::string path = file;
-    return path.substr(0, path.find_last_of('\\'));
-}
-
 }  // namespace
 
 std::string AskForPlugin(HWND owner) {
@@ -108,12 +97,6 @@ bool OpenHelp(const std::string& folder, const char* target) {
     constexpr INT_PTR kLastError = 32;  // of ShellExecute
     return reinterpret_cast<INT_PTR>(ShellExecuteA(nullptr, "open", place.Path.c_str(), nullptr,
                                                    nullptr, SW_SHOWNORMAL)) > kLastError;
-}
-
-bool MakeUserFolders() {
-    const std::string makers = FolderOf(platform::UserFile("x"));
-    const std::string plugins = FolderOf(platform::PluginFile("x"));
-    return !makers.empty() && MakeFolder(makers) && MakeFolder(plugins);
 }
 
 }  // namespace tess

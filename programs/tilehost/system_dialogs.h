@@ -27,8 +27,4 @@ namespace tess {
 /// Returns false when there is no such page.
 [[nodiscard]] bool OpenHelp(const std::string& folder, const char* target);
 
-/// Makes the two per-user folders that the plug-in keeps its files in, where they are
-/// missing. Returns false when there is no place for them.
-bool MakeUserFolders();
-
 }  // namespace tess

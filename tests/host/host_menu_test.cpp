@@ -77,15 +77,15 @@ TEST(HostMenu, AnimationIsDescribedWithItsLength) {
     test::StartAnimation(animation, 2, 1, 3);
     test::AddFrame(animation, 4, -1, {1, 2});
     test::AddFrame(animation, 8, -1, {1, 2});
-    EXPECT_EQ(DescribeAnimation(animation, WithAnimation(3)),
-              "2 x 1 pixels, 2 frames, 0.12 seconds, 3 bits");
+    EXPECT_EQ(DescribeAnimation(animation, 1, WithAnimation(3)),
+              "Frame 2 of 2, 0.12 seconds, 2 x 1 pixels, 3 bits");
 }
 
 TEST(HostMenu, LackOfAnAnimationIsToldWithWhatToDo) {
     HostStatus status;
-    EXPECT_EQ(DescribeAnimation({}, status), "No plug-in");
+    EXPECT_EQ(DescribeAnimation({}, 0, status), "No plug-in");
     status.HasPlugin = true;
-    EXPECT_EQ(DescribeAnimation({}, status), "Run the plug-in, then press Build or Test");
+    EXPECT_EQ(DescribeAnimation({}, 0, status), "Run the plug-in, then press Build or Test");
 }
 
 }  // namespace
