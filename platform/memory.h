@@ -47,6 +47,10 @@ void ResetPeakMemory();
 /// system decides.
 void SetMemoryLimit(std::size_t bytes);
 
+/// Says whether further blocks of `bytes` bytes together could be had now. Work that
+/// would run for long before it came to the limit asks first.
+[[nodiscard]] bool HasMemoryFor(std::size_t bytes);
+
 /// For tests: lets the allocation with number `countdown` from now on fail (1
 /// is the next), and with `and_all_later` every one after it. 0 ends it.
 void FailAllocation(std::size_t countdown, bool and_all_later = false);

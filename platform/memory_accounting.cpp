@@ -27,12 +27,15 @@ bool IsToFail() {
 
 }  // namespace
 
-bool MayAllocate(std::size_t old_bytes, std::size_t new_bytes, std::size_t default_limit) {
-    ++accounts.use.allocations;
-    if (IsToFail()) return false;
+bool IsWithinLimit(std::size_t old_bytes, std::size_t new_bytes, std::size_t default_limit) {
     const std::size_t limit = accounts.limit != 0 ? accounts.limit : default_limit;
     const std::size_t others = accounts.use.live_bytes - old_bytes;
     return others <= limit && new_bytes <= limit - others;
+}
+
+bool MayAllocate(std::size_t old_bytes, std::size_t new_bytes, std::size_t default_limit) {
+    ++accounts.use.allocations;
+    return !IsToFail() && IsWithinLimit(old_bytes, new_bytes, default_limit);
 }
 
 void NoteAllocated(std::size_t bytes) {

@@ -1,6 +1,22 @@
-// Gridlock.
+// Gridlock: shaded bars with round corners slide along straight lanes like cars in a
+// jam, each over its soft shadow. No bar minds another: the later one of the array
+// passes over the earlier.
+//
+// The loop closes by position: a bar goes round the tile once, twice or four times.
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+#include "controls/spinner.h"
+#include "pipeline/image_buffers.h"
+#include "platform/block_guards.h"
+#include "platform/dialog.h"
+#include "runtime/random.h"
+#include "styles/fill_colors.h"
+#include "styles/shaded_ball.h"
+#include "styles/style_run.h"
 #include "styles/styles.h"
-#include "styles/undrawn.h"
+#include "toolkit/wrap_compositing.h"
 
 namespace tess {
 
@@ -64,6 +80,174 @@ StyleParameter parameters[] = {
 };
 // clang-format on
 
+constexpr int kShadowAlpha = 255;
+
+/// Where a bar goes. The labels of the boxes stand for the opposite of what is seen,
+/// since y grows downwards; that is meant.
+enum Direction : std::int32_t {
+    kUp = 0,     // y grows
+    kDown = 1,   // y falls, and starts a pixel short of a turn
+    kLeft = 2,   // x grows
+    kRight = 3,  // x falls, and starts a pixel short of a turn
+};
+
+constexpr bool IsTall(std::int32_t direction) {
+    return direction == kUp || direction == kDown;
+}
+
+struct DirectionList {
+    std::int32_t Directions[4];
+    std::int32_t Count;  // 1 to 4
+};
+
+struct GridlockBar {
+    std::int32_t X, Y;
+    std::int32_t Laps;  // round the tile in a loop
+    std::int32_t Direction;
+    ImageHandle Sprite;  // owned by the state
+};
+
+/// What all bars of one orientation have in common.
+struct BarShape {
+    std::int32_t Width, Height;
+    SpriteForm Form;
+    std::array<platform::OwnedBlock, 5> Sprites;  // by colour, made at first use
+    platform::OwnedBlock ShadowMask;              // made at first use
+};
+
+struct GridlockState {
+    std::int32_t TileWidth, TileHeight;
+    std::int32_t FrameCount;
+    std::int32_t Size;  // thickness of a bar
+    std::int32_t Shading;
+    std::int32_t ShadowOffset;  // percent of the size
+    std::int32_t ShadowOpacity;
+    ColorWord Background;
+    FillColorList FillColors;
+    DirectionList Directions;
+    BarShape Tall, Wide;
+    platform::WorkArray<GridlockBar> Bars;
+};
+
+BarShape& ShapeOf(GridlockState& state, std::int32_t direction) {
+    return IsTall(direction) ? state.Tall : state.Wide;
+}
+
+DirectionList ReadDirections(platform::WindowHandle dialog) {
+    constexpr int kBoxes[] = {kDirUp, kDirDown, kDirLeft, kDirRight};
+    DirectionList list{};
+    for (const std::int32_t direction : {kUp, kDown, kLeft, kRight}) {
+        if (platform::IsChecked(dialog, kBoxes[direction]))
+            list.Directions[list.Count++] = direction;
+    }
+    // With no box checked there is the first entry, which is kUp.
+    list.Count = std::max(list.Count, 1);
+    return list;
+}
+
+void ReadPanel(platform::WindowHandle dialog, GridlockState& state) {
+    state.TileWidth = GetSpinnerValue(dialog, kWidth);
+    state.TileHeight = GetSpinnerValue(dialog, kDepth);
+    state.FrameCount = GetSpinnerValue(dialog, kFrames);
+    state.Size = GetSpinnerValue(dialog, kSize);
+    state.Tall.Width = state.Wide.Height = state.Size;
+    state.Tall.Height = state.Wide.Width = 3 * state.Size;
+    state.Shading = GetSpinnerValue(dialog, kShade);
+    state.ShadowOffset = GetSpinnerValue(dialog, kShadowOffset);
+    state.ShadowOpacity = GetSpinnerValue(dialog, kShadowOpacity);
+    state.Background = platform::ControlNumber(dialog, kBackground, false);
+    state.FillColors = ReadFillColors(dialog, {kColor1, kColor2, kColor3, kColor4, kColor5},
+                                      {kEnable2, kEnable3, kEnable4, kEnable5});
+    state.Directions = ReadDirections(dialog);
+}
+
+/// The sprite of a colour and a direction, or null. The bar's own colour shines
+/// through its rim, not the background.
+ImageHandle FindSprite(GridlockState& state, int color_index, std::int32_t direction) {
+    BarShape& shape = ShapeOf(state, direction);
+    platform::OwnedBlock& sprite = shape.Sprites[static_cast<std::size_t>(color_index)];
+    if (!sprite) {
+        const ColorWord color = state.FillColors.Colors[color_index];
+        sprite.Reset(RenderShadedBar(ShadeColor(color, color, state.Shading), state.Size,
+                                     {0, 0, shape.Width, shape.Height}, &shape.Form));
+    }
+    return sprite.Get();
+}
+
+bool StyleSetup(StyleContext& context, GridlockState& state) {
+    constexpr std::int32_t kLaps[] = {1, 2, 4};
+    ReadPanel(context.Dialog, state);
+    runtime::srand(static_cast<unsigned>(GetSpinnerValue(context.Dialog, kSeed)));
+    const int count = GetSpinnerValue(context.Dialog, kDensity);
+    state.Bars = platform::WorkArray<GridlockBar>(static_cast<std::size_t>(count));
+    int last_color = -1;
+    int i = 0;
+    for (GridlockBar& bar : state.Bars) {
+        bar.X = runtime::rand() % state.TileWidth;
+        bar.Y = runtime::rand() % state.TileHeight;
+        bar.Laps = kLaps[i++ % 3];
+        bar.Direction = state.Directions.Directions[runtime::rand() % state.Directions.Count];
+        bar.Sprite =
+            FindSprite(state, PickFillColor(state.FillColors.Count, &last_color), bar.Direction);
+        if (bar.Sprite == nullptr) return false;
+    }
+    return static_cast<bool>(state.Bars);
+}
+
+/// How far a bar has come. The cut stands before the laps: a bar of 4 laps moves in
+/// steps of 4 pixels.
+int Travelled(const GridlockState& state, const GridlockBar& bar, int frame) {
+    const int side = IsTall(bar.Direction) ? state.TileHeight : state.TileWidth;
+    const float part = static_cast<float>(frame) / static_cast<float>(state.FrameCount);
+    return static_cast<int>(part * static_cast<float>(side)) * bar.Laps;
+}
+
+/// The bar's shadow, made at its first use, or null.
+ImageHandle FindShadowMask(BarShape& shape, int opacity) {
+    if (!shape.ShadowMask) {
+        shape.ShadowMask.Reset(RenderShadowMask(shape.Width, shape.Height, opacity));
+    }
+    return shape.ShadowMask.Get();
+}
+
+/// Lays one bar over its shadow. A shadow that cannot be made leaves the bar out of
+/// the frame.
+void DrawGridlockBar(PackedDib* tile, int x, int y, GridlockState& state, const GridlockBar& bar) {
+    if (state.ShadowOffset >= 1 && state.ShadowOpacity >= 1) {
+        const LockedImage shadow(
+            FindShadowMask(ShapeOf(state, bar.Direction), state.ShadowOpacity));
+        if (!shadow) return;
+        const int distance = ShadowDistance(state.Size, state.ShadowOffset);
+        WrapStampMask(tile, shadow, x + distance, y + distance, 0, kShadowAlpha);
+    }
+    const LockedImage sprite(bar.Sprite);
+    if (sprite) WrapBlendImage(tile, sprite, x, y);
+}
+
+ImageHandle RenderFrame(StyleContext&, GridlockState& state, int frame) {
+    platform::OwnedBlock picture(
+        NewSolidImage({0, 0, state.TileWidth, state.TileHeight}, state.Background));
+    {
+        const LockedImage tile(picture.Get());
+        if (!tile) return nullptr;
+        for (const GridlockBar& bar : state.Bars) {
+            const int way = Travelled(state, bar, frame);
+            int x = bar.X - state.Size / 2;
+            int y = bar.Y - state.Size / 2;
+            if (bar.Direction == kUp) y += way;
+            if (bar.Direction == kDown) y += state.TileHeight - way - 1;
+            if (bar.Direction == kLeft) x += way;
+            if (bar.Direction == kRight) x += state.TileWidth - way - 1;
+            DrawGridlockBar(tile, x, y, state, bar);
+        }
+    }
+    return picture.Release();
+}
+
+int FrameCount(const StyleContext&, const GridlockState& state) {
+    return state.FrameCount;
+}
+
 }  // namespace
 
 const StyleEntry GridlockStyle = {
@@ -71,8 +255,8 @@ const StyleEntry GridlockStyle = {
     .ConfigurationName = "Style016",
     .PanelTemplate = 7416,
     .Parameters = parameters,
-    .Test = UndrawnSlot,
-    .Build = UndrawnSlot,
+    .Test = TestStyle<GridlockState, StyleSetup, RenderFrame, SampleDraft>,
+    .Build = BuildStyle<GridlockState, StyleSetup, RenderFrame, FrameCount>,
     .BackgroundControl = kBackground,
 };
 

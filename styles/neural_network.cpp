@@ -1,6 +1,23 @@
-// Neural Network.
+// Neural Network: a regular grid of shaded balls, dim at rest. One ball fires in each
+// frame, in a random order that visits every ball once, and a trail of earlier firings
+// fades out behind it.
+//
+// There are as many frames as balls, and the loop closes by that timetable: the trail
+// runs backwards through the order, from its start on to its end.
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+#include "controls/spinner.h"
+#include "pipeline/image_buffers.h"
+#include "platform/block_guards.h"
+#include "platform/dialog.h"
+#include "runtime/random.h"
+#include "styles/fill_colors.h"
+#include "styles/shaded_ball.h"
+#include "styles/style_run.h"
 #include "styles/styles.h"
-#include "styles/undrawn.h"
+#include "toolkit/wrap_compositing.h"
 
 namespace tess {
 
@@ -56,6 +73,170 @@ StyleParameter parameters[] = {
 };
 // clang-format on
 
+constexpr int kRestBrightness = 64;
+constexpr int kFullBrightness = 255;
+constexpr int kShadowAlpha = 255;
+
+struct NeuralNode {
+    std::int32_t ColorIndex;  // in the colour list
+    std::int32_t Brightness;  // may fall below 0 in a long trail
+};
+
+/// The balls drawn so far: one for each colour and brightness.
+class BallStore {
+public:
+    /// The place of a ball, to be filled when it is still null.
+    platform::OwnedBlock& Find(const NeuralNode& node) {
+        // From 0 down a ball is black.
+        const int brightness = std::max(node.Brightness, 0);
+        return balls_[static_cast<std::size_t>(node.ColorIndex)]
+                     [static_cast<std::size_t>(brightness)];
+    }
+
+private:
+    std::array<std::array<platform::OwnedBlock, kFullBrightness + 1>, 5> balls_;
+};
+
+struct NeuralState {
+    std::int32_t TileWidth, TileHeight;  // pixels
+    std::int32_t Columns, Rows;
+    std::int32_t FrameCount;  // and the number of nodes
+    std::int32_t Size;        // diameter of a ball
+    std::int32_t Pitch;       // from ball to ball
+    std::int32_t Shading;
+    std::int32_t ShadowOffset;  // percent of the size
+    std::int32_t ShadowOpacity;
+    std::int32_t BrightnessStep;  // from one place of the trail to the next
+    std::int32_t TrailLength;
+    ColorWord Background;
+    FillColorList FillColors;
+    platform::WorkArray<NeuralNode> Nodes;  // row by row
+    platform::WorkArray<std::int32_t> FiringOrder;
+    SpriteForm BallForm;
+    BallStore Balls;
+    platform::OwnedBlock ShadowMask;
+};
+
+void ReadPanel(platform::WindowHandle dialog, NeuralState& state) {
+    state.Columns = GetSpinnerValue(dialog, kWidth);
+    state.Rows = GetSpinnerValue(dialog, kDepth);
+    state.FrameCount = state.Columns * state.Rows;
+    state.Size = GetSpinnerValue(dialog, kSize);
+    state.Pitch = state.Size + GetSpinnerValue(dialog, kMargin);
+    state.TileWidth = state.Columns * state.Pitch;
+    state.TileHeight = state.Rows * state.Pitch;
+    state.Shading = GetSpinnerValue(dialog, kShade);
+    state.ShadowOffset = GetSpinnerValue(dialog, kShadowOffset);
+    state.ShadowOpacity = GetSpinnerValue(dialog, kShadowOpacity);
+    state.Background = platform::ControlNumber(dialog, kBackground, false);
+    state.FillColors = ReadFillColors(dialog, {kColor1, kColor2, kColor3, kColor4, kColor5},
+                                      {kEnable2, kEnable3, kEnable4, kEnable5});
+    const int density = GetSpinnerValue(dialog, kDensity);
+    state.TrailLength = std::max(density * state.FrameCount / 100, 1);
+    state.BrightnessStep = std::max((kFullBrightness - kRestBrightness) / state.TrailLength, 1);
+}
+
+/// Selection without replacement: each place takes one of those left, and the last
+/// of them moves into the gap. Returns false without memory.
+bool Shuffle(platform::WorkArray<std::int32_t>& order) {
+    platform::WorkArray<std::int32_t> shuffled(order.size());
+    if (!shuffled) return false;
+    int left = static_cast<int>(order.size());
+    for (std::int32_t& place : shuffled) {
+        std::int32_t& drawn = order[static_cast<std::size_t>(runtime::rand() % left)];
+        place = drawn;
+        drawn = order[static_cast<std::size_t>(--left)];
+    }
+    order = std::move(shuffled);
+    return true;
+}
+
+bool StyleSetup(StyleContext& context, NeuralState& state) {
+    ReadPanel(context.Dialog, state);
+    const auto count = static_cast<std::size_t>(state.FrameCount);
+    state.Nodes = platform::WorkArray<NeuralNode>(count);
+    state.FiringOrder = platform::WorkArray<std::int32_t>(count);
+    if (!state.Nodes || !state.FiringOrder) return false;
+
+    runtime::srand(static_cast<unsigned>(GetSpinnerValue(context.Dialog, kSeed)));
+    int last_color = -1;
+    for (std::size_t i = 0; i < count; ++i) {
+        state.FiringOrder[i] = static_cast<std::int32_t>(i);
+        state.Nodes[i] = {PickFillColor(state.FillColors.Count, &last_color), kRestBrightness};
+    }
+    return Shuffle(state.FiringOrder);
+}
+
+/// Lights the trail that ends at the ball which fires in `frame`.
+void LightTrail(NeuralState& state, int frame) {
+    for (NeuralNode& node : state.Nodes)
+        node.Brightness = kRestBrightness;
+    int place = frame;
+    for (int k = 0; k < state.TrailLength; ++k) {
+        const auto fired =
+            static_cast<std::size_t>(state.FiringOrder[static_cast<std::size_t>(place)]);
+        state.Nodes[fired].Brightness = kFullBrightness - k * state.BrightnessStep;
+        place = place == 0 ? state.FrameCount - 1 : place - 1;
+    }
+}
+
+/// The shadow's mask, made at its first use, or null.
+ImageHandle FindShadowMask(NeuralState& state) {
+    if (!state.ShadowMask) {
+        state.ShadowMask.Reset(RenderShadowMask(state.Size, state.Size, state.ShadowOpacity));
+    }
+    return state.ShadowMask.Get();
+}
+
+/// The node's ball, made at its first use, or null.
+ImageHandle FindBall(NeuralState& state, const NeuralNode& node) {
+    platform::OwnedBlock& ball = state.Balls.Find(node);
+    if (!ball) {
+        const ColorWord color =
+            ChangeValue(state.FillColors.Colors[node.ColorIndex], node.Brightness / 255.0 - 1.0);
+        ball.Reset(RenderShadedBall(ShadeColor(color, state.Background, state.Shading),
+                                    {0, 0, state.Size, state.Size}, RingAngle::Single,
+                                    &state.BallForm));
+    }
+    return ball.Get();
+}
+
+/// Lays one ball over its shadow. A shadow that cannot be made leaves the ball out as
+/// well, and a ball that cannot leaves its shadow alone; the frame goes on.
+void DrawNeuralNode(PackedDib* tile, int x, int y, NeuralState& state, const NeuralNode& node) {
+    if (state.ShadowOffset >= 1 && state.ShadowOpacity >= 1) {
+        const LockedImage shadow(FindShadowMask(state));
+        if (!shadow) return;
+        const int distance = ShadowDistance(state.Size, state.ShadowOffset);
+        WrapStampMask(tile, shadow, x + distance, y + distance, 0, kShadowAlpha);
+    }
+    const LockedImage ball(FindBall(state, node));
+    if (ball) WrapBlendImage(tile, ball, x, y);
+}
+
+/// Draws row by row: a shadow lies over the balls before its own, and at the right and
+/// lower edge, by wrapping, over the first ones.
+ImageHandle RenderFrame(StyleContext&, NeuralState& state, int frame) {
+    LightTrail(state, frame);
+    platform::OwnedBlock picture(
+        NewSolidImage({0, 0, state.TileWidth, state.TileHeight}, state.Background));
+    {
+        const LockedImage tile(picture.Get());
+        if (!tile) return nullptr;
+        const NeuralNode* node = state.Nodes.begin();
+        for (int row = 0; row < state.Rows; ++row) {
+            for (int column = 0; column < state.Columns; ++column) {
+                DrawNeuralNode(tile, state.Pitch * column, state.Pitch * row, state, *node++);
+            }
+        }
+    }
+    return picture.Release();
+}
+
+int FrameCount(const StyleContext&, const NeuralState& state) {
+    return state.FrameCount;
+}
+
 }  // namespace
 
 const StyleEntry NeuralNetworkStyle = {
@@ -63,8 +244,8 @@ const StyleEntry NeuralNetworkStyle = {
     .ConfigurationName = "Style018",
     .PanelTemplate = 7418,
     .Parameters = parameters,
-    .Test = UndrawnSlot,
-    .Build = UndrawnSlot,
+    .Test = TestStyle<NeuralState, StyleSetup, RenderFrame, SampleDraft>,
+    .Build = BuildStyle<NeuralState, StyleSetup, RenderFrame, FrameCount>,
     .BackgroundControl = kBackground,
 };
 

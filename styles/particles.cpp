@@ -1,6 +1,24 @@
-// Particles.
+// Particles: shaded balls with soft shadows, each on a circle of its own, pass over one
+// another in the order of the array.
+//
+// The loop closes by angle: every ball makes one turn, clockwise. Its place is cut to
+// whole pixels, so it wobbles a little along its circle.
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstdint>
+
+#include "controls/spinner.h"
+#include "pipeline/image_buffers.h"
+#include "platform/block_guards.h"
+#include "platform/dialog.h"
+#include "runtime/mathematics.h"
+#include "runtime/random.h"
+#include "styles/fill_colors.h"
+#include "styles/shaded_ball.h"
+#include "styles/style_run.h"
 #include "styles/styles.h"
-#include "styles/undrawn.h"
+#include "toolkit/wrap_compositing.h"
 
 namespace tess {
 
@@ -56,6 +74,136 @@ StyleParameter parameters[] = {
 };
 // clang-format on
 
+constexpr int kShadowAlpha = 255;
+// Degrees to radians, the single precision number of these very bits.
+constexpr float kRadians = std::bit_cast<float>(0x3C8EFA2EU);
+
+struct ParticleRecord {
+    std::int32_t X, Y;   // centre of its circle
+    std::int32_t Reach;  // the circle's diameter
+    double StartAngle;   // whole degrees
+    ImageHandle Sprite;  // owned by the state
+};
+
+struct ParticleState {
+    std::int32_t TileWidth, TileHeight;
+    std::int32_t FrameCount;
+    std::int32_t Size;  // diameter of a ball
+    std::int32_t Shading;
+    std::int32_t ShadowOffset;  // percent of the size
+    std::int32_t ShadowOpacity;
+    ColorWord Background;
+    FillColorList FillColors;
+    SpriteForm BallForm;
+    std::array<platform::OwnedBlock, 5> Sprites;  // by colour, made at first use
+    platform::OwnedBlock ShadowMask;              // made at first use
+    platform::WorkArray<ParticleRecord> Particles;
+};
+
+void ReadPanel(platform::WindowHandle dialog, ParticleState& state) {
+    state.TileWidth = GetSpinnerValue(dialog, kWidth);
+    state.TileHeight = GetSpinnerValue(dialog, kDepth);
+    state.FrameCount = GetSpinnerValue(dialog, kFrames);
+    state.Size = GetSpinnerValue(dialog, kSize);
+    state.Shading = GetSpinnerValue(dialog, kShade);
+    state.ShadowOffset = GetSpinnerValue(dialog, kShadowOffset);
+    state.ShadowOpacity = GetSpinnerValue(dialog, kShadowOpacity);
+    state.Background = platform::ControlNumber(dialog, kBackground, false);
+    state.FillColors = ReadFillColors(dialog, {kColor1, kColor2, kColor3, kColor4, kColor5},
+                                      {kEnable2, kEnable3, kEnable4, kEnable5});
+}
+
+/// The sprite of a colour, or null. The ball's own colour shines through its rim, not
+/// the background.
+ImageHandle FindSprite(ParticleState& state, int color_index) {
+    platform::OwnedBlock& sprite = state.Sprites[static_cast<std::size_t>(color_index)];
+    if (!sprite) {
+        const ColorWord color = state.FillColors.Colors[color_index];
+        sprite.Reset(RenderShadedBall(ShadeColor(color, color, state.Shading),
+                                      {0, 0, state.Size, state.Size}, RingAngle::Double,
+                                      &state.BallForm));
+    }
+    return sprite.Get();
+}
+
+bool StyleSetup(StyleContext& context, ParticleState& state) {
+    ReadPanel(context.Dialog, state);
+    const int shorter_side = std::min(state.TileWidth, state.TileHeight);
+    const int least_reach = shorter_side / 2;
+    const int reach_span = shorter_side * 3 / 4 - least_reach;
+
+    runtime::srand(static_cast<unsigned>(GetSpinnerValue(context.Dialog, kSeed)));
+    const int count = GetSpinnerValue(context.Dialog, kDensity);
+    state.Particles = platform::WorkArray<ParticleRecord>(static_cast<std::size_t>(count));
+    int last_color = -1;
+    for (ParticleRecord& particle : state.Particles) {
+        particle.X = runtime::rand() % state.TileWidth;
+        particle.Y = runtime::rand() % state.TileHeight;
+        runtime::SkipDraw();  // a sense of turning, which all balls share
+        particle.Reach = runtime::rand() % reach_span + least_reach;
+        particle.StartAngle = runtime::rand() % 360;
+        particle.Sprite = FindSprite(state, PickFillColor(state.FillColors.Count, &last_color));
+        if (particle.Sprite == nullptr) return false;
+    }
+    return static_cast<bool>(state.Particles);
+}
+
+/// Where the ball's upper left corner is, not folded into the tile. All of it in single
+/// precision.
+raster::Point PlaceOf(const ParticleState& state, const ParticleRecord& particle, int frame) {
+    const float part = static_cast<float>(frame) / static_cast<float>(state.FrameCount);
+    const double degrees = static_cast<double>(part) * 360.0 + particle.StartAngle;
+    const float radians = static_cast<float>(degrees) * kRadians;
+    const auto cosine = static_cast<float>(runtime::Cosine(static_cast<double>(radians)));
+    const auto sine = static_cast<float>(runtime::Sine(static_cast<double>(radians)));
+    // The point above the centre is turned: its distance across is 0.
+    const float dx = 0.0F;
+    const float dy =
+        static_cast<float>(particle.Y - particle.Reach / 2) - static_cast<float>(particle.Y);
+    return {static_cast<int>(dx * cosine - dy * sine) + particle.X,
+            static_cast<int>(dx * sine + dy * cosine) + particle.Y};
+}
+
+/// The shadow's mask, made at its first use, or null.
+ImageHandle FindShadowMask(ParticleState& state) {
+    if (!state.ShadowMask) {
+        state.ShadowMask.Reset(RenderShadowMask(state.Size, state.Size, state.ShadowOpacity));
+    }
+    return state.ShadowMask.Get();
+}
+
+/// Lays one ball over its shadow. A shadow that cannot be made leaves the ball out of
+/// the frame.
+void DrawParticle(PackedDib* tile, int x, int y, ParticleState& state,
+                  const ParticleRecord& particle) {
+    if (state.ShadowOffset >= 1 && state.ShadowOpacity >= 1) {
+        const LockedImage shadow(FindShadowMask(state));
+        if (!shadow) return;
+        const int distance = ShadowDistance(state.Size, state.ShadowOffset);
+        WrapStampMask(tile, shadow, x + distance, y + distance, 0, kShadowAlpha);
+    }
+    const LockedImage sprite(particle.Sprite);
+    if (sprite) WrapBlendImage(tile, sprite, x, y);
+}
+
+ImageHandle RenderFrame(StyleContext&, ParticleState& state, int frame) {
+    platform::OwnedBlock picture(
+        NewSolidImage({0, 0, state.TileWidth, state.TileHeight}, state.Background));
+    {
+        const LockedImage tile(picture.Get());
+        if (!tile) return nullptr;
+        for (const ParticleRecord& particle : state.Particles) {
+            const raster::Point place = PlaceOf(state, particle, frame);
+            DrawParticle(tile, place.x, place.y, state, particle);
+        }
+    }
+    return picture.Release();
+}
+
+int FrameCount(const StyleContext&, const ParticleState& state) {
+    return state.FrameCount;
+}
+
 }  // namespace
 
 const StyleEntry ParticlesStyle = {
@@ -63,8 +211,8 @@ const StyleEntry ParticlesStyle = {
     .ConfigurationName = "Style017",
     .PanelTemplate = 7417,
     .Parameters = parameters,
-    .Test = UndrawnSlot,
-    .Build = UndrawnSlot,
+    .Test = TestStyle<ParticleState, StyleSetup, RenderFrame, SampleDraft>,
+    .Build = BuildStyle<ParticleState, StyleSetup, RenderFrame, FrameCount>,
     .BackgroundControl = kBackground,
 };
 

@@ -12,6 +12,7 @@
 
 #include "controls/spinner.h"
 #include "pipeline/image_buffers.h"
+#include "platform/memory.h"
 #include "shell/control_contract.h"
 #include "shell/style_table.h"
 
@@ -29,10 +30,25 @@ int TestStyle(StyleContext* context) {
     return context->Result != nullptr ? 1 : 0;
 }
 
-/// The Build slot: renders every frame in order into context->Frames.
+/// All frames of a run are as large as its first: when the rest cannot fit into
+/// memory, a Build fails at once and not after minutes.
+[[nodiscard]] inline bool HasMemoryForFrames(ImageHandle first, int count) {
+    return platform::HasMemoryFor(platform::BlockSize(first) * static_cast<std::size_t>(count));
+}
+
+/// The delay of all frames of nearly every style: the main dialog's.
+inline std::uint32_t DialogDelay(const StyleContext&, std::uint32_t delay) {
+    return delay;
+}
+
+/// The Build slot: renders every frame in order into context->Frames. Progress is
+/// told as a part of `ProgressCount`. `Delay` makes a frame's delay of the main
+/// dialog's, once the frame is rendered.
 template <class State, bool (*Setup)(StyleContext&, State&),
           ImageHandle (*Render)(StyleContext&, State&, int),
-          int (*FrameCount)(const StyleContext&, const State&)>
+          int (*FrameCount)(const StyleContext&, const State&),
+          int (*ProgressCount)(const StyleContext&, const State&) = FrameCount,
+          std::uint32_t (*Delay)(const StyleContext&, std::uint32_t delay) = DialogDelay>
 int BuildStyle(StyleContext* context) {
     const auto delay = static_cast<std::uint32_t>(GetSpinnerValue(context->Dialog, kDelayEdit));
     State state{};
@@ -40,12 +56,16 @@ int BuildStyle(StyleContext* context) {
     bool built = Setup(*context, state);
     const int count = built ? FrameCount(*context, state) : 0;
     for (int frame = 0; built && frame < count; ++frame) {
-        const FrameRecord record{Render(*context, state, frame), nullptr, delay, -1};
-        built = record.Image != nullptr && FrameListAdd(context->Frames, &record) != 0;
+        FrameRecord record{Render(*context, state, frame), nullptr, 0, -1};
+        built =
+            record.Image != nullptr && (frame > 0 || HasMemoryForFrames(record.Image, count - 1));
+        if (built) record.Delay = Delay(*context, delay);
+        built = built && FrameListAdd(context->Frames, &record) != 0;
         if (!built) {
             platform::FreeBlock(record.Image);
         } else {
-            CallHost(context->Host, nullptr, HostOp::Progress, frame, std::int64_t{count});
+            CallHost(context->Host, nullptr, HostOp::Progress, frame,
+                     std::int64_t{ProgressCount(*context, state)});
         }
     }
     context->State = nullptr;

@@ -1,6 +1,23 @@
-// Wavelet.
+// Wavelet: a tight grid of small shaded balls through which a sine wave of opacity runs
+// from side to side. Nothing moves: each column of balls fades towards the background
+// and back, a little behind the one before.
+//
+// The loop closes by angle: the one wave across the tile walks one wavelength.
+#include <array>
+#include <cstdint>
+
+#include "controls/spinner.h"
+#include "pipeline/image_buffers.h"
+#include "platform/block_guards.h"
+#include "platform/dialog.h"
+#include "runtime/mathematics.h"
+#include "runtime/random.h"
+#include "styles/fill_colors.h"
+#include "styles/scaled_alpha.h"
+#include "styles/shaded_ball.h"
+#include "styles/style_run.h"
 #include "styles/styles.h"
-#include "styles/undrawn.h"
+#include "toolkit/wrap_compositing.h"
 
 namespace tess {
 
@@ -54,6 +71,127 @@ StyleParameter parameters[] = {
 };
 // clang-format on
 
+constexpr double kPi = 3.141592653589793;
+
+struct WaveletBall {
+    std::int32_t X, Y;
+    ImageHandle Sprite;  // owned by the state
+};
+
+struct WaveletState {
+    std::int32_t TileWidth, TileHeight;  // whole balls
+    std::int32_t Columns, Rows;
+    std::int32_t FrameCount;
+    std::int32_t Pitch;  // diameter of a ball and distance to the next
+    std::int32_t Reverse;
+    std::int32_t Shading;
+    ColorWord Background;
+    FillColorList FillColors;
+    float Amplitude;
+    SpriteForm BallForm;
+    std::array<platform::OwnedBlock, 5> Sprites;  // by colour, made at first use
+    platform::WorkArray<WaveletBall> Balls;       // row by row
+};
+
+/// The index that the picker keeps first in its block; 0 before it has a block.
+std::int32_t SelectedDirection(platform::WindowHandle dialog) {
+    const void* block = platform::UserData(platform::Control(dialog, kScroll));
+    return block == nullptr ? 0 : *static_cast<const std::int32_t*>(block);
+}
+
+void ReadPanel(platform::WindowHandle dialog, WaveletState& state) {
+    state.Pitch = GetSpinnerValue(dialog, kSize);
+    state.Columns = GetSpinnerValue(dialog, kWidth) / state.Pitch;
+    state.Rows = GetSpinnerValue(dialog, kDepth) / state.Pitch;
+    state.TileWidth = state.Columns * state.Pitch;
+    state.TileHeight = state.Rows * state.Pitch;
+    state.FrameCount = GetSpinnerValue(dialog, kFrames);
+    state.Reverse = SelectedDirection(dialog) != 0 ? 1 : 0;
+    state.Shading = GetSpinnerValue(dialog, kShade);
+    state.Amplitude = static_cast<float>(GetSpinnerValue(dialog, kAmplitude) / 100.0);
+    state.Background = platform::ControlNumber(dialog, kBackground, false);
+    state.FillColors = ReadFillColors(dialog, {kColor1, kColor2, kColor3, kColor4, kColor5},
+                                      {kEnable2, kEnable3, kEnable4, kEnable5});
+}
+
+/// The sprite of a colour, or null. The ball's own colour shines through its rim, not
+/// the background.
+ImageHandle FindSprite(WaveletState& state, int color_index) {
+    platform::OwnedBlock& sprite = state.Sprites[static_cast<std::size_t>(color_index)];
+    if (!sprite) {
+        const ColorWord color = state.FillColors.Colors[color_index];
+        sprite.Reset(RenderShadedBall(ShadeColor(color, color, state.Shading),
+                                      {0, 0, state.Pitch, state.Pitch}, RingAngle::Single,
+                                      &state.BallForm));
+    }
+    return sprite.Get();
+}
+
+bool StyleSetup(StyleContext& context, WaveletState& state) {
+    ReadPanel(context.Dialog, state);
+    runtime::srand(static_cast<unsigned>(GetSpinnerValue(context.Dialog, kSeed)));
+    state.Balls = platform::WorkArray<WaveletBall>(static_cast<std::size_t>(state.Columns) *
+                                                   static_cast<std::size_t>(state.Rows));
+    int last_color = -1;
+    int i = 0;
+    for (WaveletBall& ball : state.Balls) {
+        ball.X = i % state.Columns * state.Pitch;
+        ball.Y = i / state.Columns * state.Pitch;
+        ball.Sprite = FindSprite(state, PickFillColor(state.FillColors.Count, &last_color));
+        if (ball.Sprite == nullptr) return false;
+        ++i;
+    }
+    return static_cast<bool>(state.Balls);
+}
+
+/// Degrees that the wave has walked, in single precision.
+float PhaseOf(const WaveletState& state, int frame) {
+    const int step = state.Reverse != 0 ? state.FrameCount - frame - 1 : frame;
+    const float part = static_cast<float>(step) / static_cast<float>(state.FrameCount);
+    return static_cast<float>(static_cast<double>(part) * 360.0);
+}
+
+/// The level of a column's balls: 0 in the trough at full amplitude, above 255, which
+/// is full, on much of a weak wave.
+int LevelOf(const WaveletState& state, int column, float phase) {
+    const auto amplitude = static_cast<double>(state.Amplitude);
+    const int floor_level = 255 - static_cast<int>(amplitude * 255.0);
+    const float part = static_cast<float>(column) / static_cast<float>(state.Columns);
+    const double degrees = static_cast<double>(part) * 360.0 + static_cast<double>(phase);
+    const double wave = runtime::Sine(degrees * kPi / 180.0);
+    return floor_level - static_cast<int>((wave * amplitude + 1.0) * -0.5 * 255.0);
+}
+
+/// Lays one ball on the tile at a level. One that cannot be faded is left out.
+void DrawBall(PackedDib* tile, const WaveletBall& ball, int level) {
+    const platform::OwnedBlock faded(ScaleImageAlpha(ball.Sprite, level));
+    const LockedImage sprite(faded.Get());
+    if (sprite) WrapBlendImage(tile, sprite, ball.X, ball.Y);
+}
+
+ImageHandle RenderFrame(StyleContext&, WaveletState& state, int frame) {
+    const float phase = PhaseOf(state, frame);
+    platform::OwnedBlock picture(
+        NewSolidImage({0, 0, state.TileWidth, state.TileHeight}, state.Background));
+    {
+        const LockedImage tile(picture.Get());
+        if (!tile) return nullptr;
+        // Balls do not overlap, so they may be drawn column by column.
+        for (int column = 0; column < state.Columns; ++column) {
+            const int level = LevelOf(state, column, phase);
+            for (int row = 0; row < state.Rows; ++row) {
+                DrawBall(tile, state.Balls[static_cast<std::size_t>(row * state.Columns + column)],
+                         level);
+            }
+        }
+    }
+    return picture.Release();
+}
+
+int FrameCount(const StyleContext&, const WaveletState& state) {
+    return state.FrameCount;
+}
+
 }  // namespace
 
 const StyleEntry WaveletStyle = {
@@ -61,8 +199,8 @@ const StyleEntry WaveletStyle = {
     .ConfigurationName = "Style019",
     .PanelTemplate = 7419,
     .Parameters = parameters,
-    .Test = UndrawnSlot,
-    .Build = UndrawnSlot,
+    .Test = TestStyle<WaveletState, StyleSetup, RenderFrame, SampleDraft>,
+    .Build = BuildStyle<WaveletState, StyleSetup, RenderFrame, FrameCount>,
     .BackgroundControl = kBackground,
 };
 

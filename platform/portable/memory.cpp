@@ -75,4 +75,8 @@ std::size_t BlockSize(MemoryHandle handle) {
     return handle == nullptr ? 0 : FromHandle(handle)->size;
 }
 
+bool HasMemoryFor(std::size_t bytes) {
+    return IsWithinLimit(0, bytes, DefaultLimit());
+}
+
 }  // namespace platform

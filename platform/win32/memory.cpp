@@ -55,4 +55,12 @@ std::size_t BlockSize(MemoryHandle handle) {
     return handle == nullptr ? 0 : GlobalSize(ToGlobal(handle));
 }
 
+bool HasMemoryFor(std::size_t bytes) {
+    MEMORYSTATUSEX status{};
+    status.dwLength = sizeof status;
+    // What this process may still commit, in memory and page file.
+    if (GlobalMemoryStatusEx(&status) != 0 && bytes > status.ullAvailPageFile) return false;
+    return IsWithinLimit(0, bytes, kNoLimit);
+}
+
 }  // namespace platform

@@ -16,6 +16,7 @@
 #include "platform/dialog.h"
 #include "platform/files.h"
 #include "platform/headless_user.h"
+#include "shell/control_contract.h"
 #include "shell/main_dialog.h"
 #include "shell/style_table.h"
 #include "tests/support/sha256.h"
@@ -55,6 +56,8 @@ int DrawNumber(Run& run, WindowHandle dialog, const StyleParameter& parameter) {
     if (name == "Frames") widest = std::min(widest, 6);
     if (name == "Size" && range.maximum > 64) widest = std::min(widest, 80);
     if (name == "Density") widest = std::min(widest, 48);
+    // Skip Intro's frames grow with its wheels and spokes.
+    if (parameter.Key == std::string_view("Style014Density")) widest = 3;
     return range.minimum + static_cast<int>(Draw(run, static_cast<std::uint32_t>(widest) + 1));
 }
 
@@ -66,7 +69,8 @@ void SetRandomly(Run& run, WindowHandle dialog, const StyleParameter& parameter,
     switch (parameter.Kind) {
         case ParameterKind::Spinner:
             value = DrawNumber(run, dialog, parameter);
-            platform::TypeText(dialog, id, std::to_string(value));
+            // Not typed: the panel of a style that is not selected is hidden.
+            platform::SetControlText(dialog, id, std::to_string(value));
             break;
         case ParameterKind::ColorButton:
             value = static_cast<int>(Draw(run, 0x1000000));
@@ -87,6 +91,7 @@ void SetRandomly(Run& run, WindowHandle dialog, const StyleParameter& parameter,
         case ParameterKind::ScrollHv:
             value = static_cast<int>(Draw(run, 2));
             platform::SetControlText(dialog, id, std::to_string(value));
+            platform::SendToWindow(platform::Control(dialog, id), ReadControlText, 0, 0);
             break;
         case ParameterKind::Fountain:
         case ParameterKind::Matrix:

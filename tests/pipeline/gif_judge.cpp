@@ -88,7 +88,7 @@ bool RunQuietly(const std::string& command, const ScratchFolder& folder) {
     const std::string line = "cd '" + folder.Path() + "' && " + command + " 2>complaints";
     const bool succeeded = std::system(line.c_str()) == 0;
     const Bytes complaints = ReadFileBytes(folder.File("complaints"));
-    std::fwrite(complaints.data(), 1, complaints.size(), stderr);
+    if (!complaints.empty()) std::fwrite(complaints.data(), 1, complaints.size(), stderr);
     return succeeded && complaints.empty();
 }
 

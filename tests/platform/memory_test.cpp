@@ -89,6 +89,19 @@ TEST_F(Memory, LimitTurnsTooMuchIntoANullHandle) {
     EXPECT_LT(platform::BlockSize(first.Get()), 6000u);
 }
 
+TEST_F(Memory, WhatFitsBelowTheLimitCanBeAskedWithoutAllocating) {
+    const platform::MemoryUse use = platform::CurrentMemoryUse();
+    platform::SetMemoryLimit(use.live_bytes + 5000);
+    EXPECT_TRUE(platform::HasMemoryFor(0));
+    EXPECT_TRUE(platform::HasMemoryFor(5000));
+    EXPECT_FALSE(platform::HasMemoryFor(5001));
+    EXPECT_EQ(platform::CurrentMemoryUse().allocations, use.allocations);
+}
+
+TEST_F(Memory, MoreThanAnyMachineHasDoesNotFit) {
+    EXPECT_FALSE(platform::HasMemoryFor(std::numeric_limits<std::size_t>::max() / 2));
+}
+
 TEST_F(Memory, HugeBlockIsRefused) {
     EXPECT_EQ(platform::AllocateBlock(std::numeric_limits<std::size_t>::max() - 100), nullptr);
 }

@@ -8,6 +8,7 @@
 #include "pipeline/image_buffers.h"
 #include "runtime/random.h"
 #include "tests/shell/main_dialog_fixture.h"
+#include "tests/support/image_bytes.h"
 
 namespace tess::test {
 
@@ -34,9 +35,9 @@ protected:
         return context.Result;
     }
 
-    /// The frames of the style's Build, which the caller frees.
-    static FrameList RenderBuild(const StyleEntry& style, platform::WindowHandle dialog) {
-        const HostServices services{
+    /// A host that says yes to all.
+    static HostServices AgreeingHost() {
+        return {
             sizeof(HostServices),
             kHostVersion,
             0,
@@ -45,6 +46,11 @@ protected:
             0,
             3,
             0};
+    }
+
+    /// The frames of the style's Build, which the caller frees.
+    static FrameList RenderBuild(const StyleEntry& style, platform::WindowHandle dialog) {
+        const HostServices services = AgreeingHost();
         FrameList frames{};
         StyleContext context{};
         context.Dialog = dialog;
@@ -80,6 +86,37 @@ protected:
         }
         FrameListFree(&frames);
         return all;
+    }
+
+    /// The colours of every frame, row by row from the top; the list is freed.
+    static std::vector<std::vector<ColorWord>> TakePixels(FrameList frames) {
+        std::vector<std::vector<ColorWord>> all;
+        {
+            const platform::LockedBlock<FrameRecord> records(frames.Records);
+            for (int i = 0; i < frames.Count; ++i)
+                all.push_back(Pixels(records.Get()[i].Image));
+        }
+        FrameListFree(&frames);
+        return all;
+    }
+
+    /// Lets each allocation of a sample fail in turn, and expects nothing to leak.
+    /// Returns how many of the samples failed.
+    static int FailuresOfASample(const StyleEntry& style, platform::WindowHandle dialog) {
+        const std::size_t blocks = platform::CurrentMemoryUse().live_blocks;
+        const std::size_t before = platform::CurrentMemoryUse().allocations;
+        platform::FreeBlock(RenderTest(style, dialog));
+        const std::size_t needed = platform::CurrentMemoryUse().allocations - before;
+        int failures = 0;
+        for (std::size_t i = 1; i <= needed; ++i) {
+            platform::FailAllocation(i);
+            const ImageHandle image = RenderTest(style, dialog);
+            platform::FailAllocation(0);
+            if (image == nullptr) ++failures;
+            platform::FreeBlock(image);
+            EXPECT_EQ(platform::CurrentMemoryUse().live_blocks, blocks) << i;
+        }
+        return failures;
     }
 
     /// How many draws were made since `seed` was set, at most `most`; -1 beyond.
