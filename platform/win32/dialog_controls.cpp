@@ -9,6 +9,7 @@
 #include "platform/control_kinds.h"
 #include "platform/control_number.h"
 #include "platform/headless_user.h"
+#include "platform/win32/control_lookup.h"
 #include "platform/win32/dialog_run.h"
 #include "platform/win32/view_table.h"
 
@@ -26,7 +27,7 @@ struct Installed {
 std::map<HWND, Installed> installed_controls;
 
 HWND Find(WindowHandle dialog, int id) {
-    return GetDlgItem(WindowOf(dialog), id);
+    return FindControl(WindowOf(dialog), id);
 }
 
 bool IsOfClass(HWND control, const char* window_class) {
