@@ -1,5 +1,8 @@
 #include "controls/color_button.h"
 
+#include <cstdio>
+#include <cstdlib>
+
 #include "controls/current_host.h"
 #include "pipeline/palette.h"
 
@@ -19,6 +22,30 @@ int ChooseColor(platform::WindowHandle window, ColorWord* color) {
     if (CallHost(CurrentHost, nullptr, HostOp::ChooseColor, 0, &record) == 0) return 0;
     *color = record.Color;
     return 1;
+}
+
+std::string ColorButtonText(std::string_view text, ColorWord color, std::uint32_t flags) {
+    std::string shown(text);
+    const char* form = nullptr;
+    if ((flags & kButtonTextChannels) != 0) {
+        form = "%d,%d,%d";
+    } else if ((flags & kButtonTextHex) != 0) {
+        form = "%02X%02X%02X";
+    } else if ((flags & kButtonTextHashHex) != 0) {
+        form = "#%02X%02X%02X";
+    } else {
+        return shown;
+    }
+    if (!shown.empty()) color = static_cast<ColorWord>(std::strtoul(shown.c_str(), nullptr, 10));
+    char formed[32];
+    std::snprintf(formed, sizeof formed, form, RedOf(color), GreenOf(color), BlueOf(color));
+    return formed;
+}
+
+ColorWord ColorButtonTextColor(ColorWord color) {
+    constexpr int kDark = 129;
+    return Luminance(RedOf(color), GreenOf(color), BlueOf(color)) < kDark ? MakeColor(255, 255, 255)
+                                                                          : MakeColor(0, 0, 0);
 }
 
 }  // namespace tess

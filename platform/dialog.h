@@ -24,6 +24,10 @@ inline constexpr std::uint32_t kMessageDestroy = 0x0002;
 inline constexpr std::uint32_t kMessageOpen = 0x0110;     ///< `l`: the parameter of RunDialog
 inline constexpr std::uint32_t kMessageCommand = 0x0111;  ///< `w`: id, and notification << 16
 
+/// Messages of the mouse that a control's procedure gets, with the place in `l`.
+inline constexpr std::uint32_t kMessageLeftButtonDown = 0x0201;
+inline constexpr std::uint32_t kMessageLeftButtonUp = 0x0202;
+
 /// Notifications of controls, the high half of a command's `w`.
 enum class Notification : std::uint16_t {
     Clicked = 0,           // a button, or a posted command
@@ -37,6 +41,14 @@ constexpr int CommandId(std::uintptr_t w) {
 }
 constexpr Notification CommandNotification(std::uintptr_t w) {
     return static_cast<Notification>((w >> 16) & 0xFFFF);
+}
+
+/// The place in a message of the mouse, in pixels from the control's top left.
+constexpr int MouseX(std::intptr_t l) {
+    return static_cast<std::int16_t>(l & 0xFFFF);
+}
+constexpr int MouseY(std::intptr_t l) {
+    return static_cast<std::int16_t>((l >> 16) & 0xFFFF);
 }
 
 /// Handles a message of a dialog. Returns nonzero when it did.
@@ -133,6 +145,8 @@ void RepaintControl(WindowHandle dialog, int id);
 /// mouse as well. A null procedure passes on all. Requires: `tag` outlives the
 /// control.
 void InstallControl(WindowHandle dialog, int id, const char* tag, ControlProcedure procedure);
+/// Leaves the painting of a button to its owner or to what is installed on it.
+void MakeOwnerDrawn(WindowHandle dialog, int id);
 /// Lets the control handle a message as if nothing were installed.
 std::intptr_t CallOriginal(WindowHandle control, std::uint32_t message, std::uintptr_t w,
                            std::intptr_t l);

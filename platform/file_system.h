@@ -8,6 +8,8 @@ namespace platform {
 
 /// What joins a folder and a name.
 extern const char kPathSeparator;
+/// What may end a folder in a path.
+extern const char* const kPathSeparators;
 
 /// The user's folder for application data, empty when it cannot be found.
 [[nodiscard]] std::string ApplicationDataFolder();

@@ -67,6 +67,14 @@ void SetPluginFolder(std::string_view folder) {
     plugin_folder = folder;
 }
 
+std::string_view FolderOf(std::string_view path) {
+    return path.substr(0, path.find_last_of(kPathSeparators) + 1);
+}
+
+std::string_view FileNameOf(std::string_view path) {
+    return path.substr(path.find_last_of(kPathSeparators) + 1);
+}
+
 NewFile::NewFile(std::string_view path, FileMode mode)
     : path_(path),
       temporary_(TemporaryPath(path_)),

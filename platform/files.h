@@ -26,6 +26,15 @@ void SetPluginFolder(std::string_view folder);
 /// be found.
 [[nodiscard]] std::string DocumentsFolder();
 
+/// The folder of the program or library that this code is in, with a trailing
+/// separator; empty when it cannot be found.
+[[nodiscard]] std::string ModuleFolder();
+
+/// A path's folder, with its trailing separator; empty for a bare name.
+[[nodiscard]] std::string_view FolderOf(std::string_view path);
+/// A path's name and extension, without the folder.
+[[nodiscard]] std::string_view FileNameOf(std::string_view path);
+
 enum class FileMode { Binary, Text };
 
 /// A file that is written whole or not at all. It is written beside its place,

@@ -2,9 +2,11 @@
 // its parameter.
 #include <vector>
 
+#include "controls/direction_picker.h"
 #include "fills/fountain_control.h"
 #include "platform/dialog.h"
 #include "platform/resources.h"
+#include "shell/control_contract.h"
 #include "shell/style_table.h"
 #include "shell/value_controls.h"
 
@@ -23,10 +25,14 @@ void BindParameter(platform::WindowHandle dialog, StyleParameter& parameter) {
         case ParameterKind::ChoiceList:
             return BindChoiceList(dialog, parameter.ControlId, parameter.Detail, &parameter.Value);
         case ParameterKind::ShadowDirection:
+            return BindDirectionPicker(dialog, parameter.ControlId, kShadowDirectionTag,
+                                       &parameter.Value);
         case ParameterKind::Scroll4:
+            return BindDirectionPicker(dialog, parameter.ControlId, kScroll4Tag, &parameter.Value);
         case ParameterKind::Scroll2:
+            return BindDirectionPicker(dialog, parameter.ControlId, kScroll2Tag, &parameter.Value);
         case ParameterKind::ScrollHv:
-            return platform::SetControlNumber(dialog, parameter.ControlId, parameter.Value, false);
+            return BindDirectionPicker(dialog, parameter.ControlId, kScrollHvTag, &parameter.Value);
         case ParameterKind::Matrix:
             return;
         case ParameterKind::Fountain:

@@ -6,12 +6,18 @@
 #include <string>
 
 #include "controls/current_host.h"
+#include "controls/skinned_button.h"
 #include "controls/spinner.h"
 #include "pipeline/build_driver.h"
 #include "platform/files.h"
 #include "platform/keyboard.h"
+#include "platform/resources.h"
+#include "shell/about_dialog.h"
 #include "shell/configuration.h"
 #include "shell/control_contract.h"
+#include "shell/document_commands.h"
+#include "shell/help.h"
+#include "shell/logo.h"
 #include "shell/style_table.h"
 #include "shell/value_controls.h"
 
@@ -96,6 +102,27 @@ int AddStyles(WindowHandle dialog) {
     return 1;
 }
 
+/// Overwrites five fountain controls with the stored records that bear their numbers.
+/// The stored records bear names, so none is found, and the controls stay as they are:
+/// that is meant, since each has started from its own default record.
+void ResetFountains(WindowHandle dialog) {
+    constexpr std::size_t kRecordBytes = 585;
+    for (const int id : {270, 290, 306, 451, 496}) {
+        const auto record = platform::FindData(id);
+        if (record.size() != kRecordBytes) continue;
+        std::string line = kFountainTag + std::to_string(id) + "=";
+        for (const std::byte byte : record) {
+            char digits[3];
+            std::snprintf(digits, sizeof digits, "%02X", std::to_integer<unsigned>(byte));
+            line += digits;
+        }
+        platform::SendToWindow(platform::Control(dialog, id), LoadControl, 0,
+                               reinterpret_cast<std::intptr_t>(line.c_str()));
+        platform::RepaintControl(dialog, id);
+        platform::PostToWindow(dialog, RefreshSample, 0, 0);
+    }
+}
+
 void CloseWithMessage(WindowHandle dialog, const char* text) {
     ShowMessage(dialog, text);
     platform::EndDialog(dialog, 0);
@@ -103,6 +130,11 @@ void CloseWithMessage(WindowHandle dialog, const char* text) {
 
 void OpenMainDialog(WindowHandle dialog, const HostServices* services) {
     CurrentHost = services;
+    SkinButtons = services->SkinButtons;
+    for (const int button : {kBuildButton, kCancelButton, kHelpButton, kAboutButton, kTestButton,
+                             kOpenSaveButton, kPreviewButton}) {
+        SkinButton(dialog, button);
+    }
     ReadConfiguration();
     if (!HostHas(HostTrueColor)) {
         Truecolour = 0;
@@ -119,9 +151,11 @@ void OpenMainDialog(WindowHandle dialog, const HostServices* services) {
     if (AddStyles(dialog) == 0) {
         return CloseWithMessage(dialog, "This plugin could not be initialized");
     }
+    if (FirstRun != 0 || reset) ResetFountains(dialog);
     FirstRun = 0;
     BindChoiceList(dialog, kEffectList, nullptr, &MainEffect);
     platform::FocusControl(dialog, kBuildButton);
+    AskFileDialogSize(services);
     platform::PostCommand(dialog, kCustomPaletteBox);
     platform::SetTitle(dialog, kProgramName);
     platform::CenterOnScreen(dialog);
@@ -132,10 +166,10 @@ void OpenMainDialog(WindowHandle dialog, const HostServices* services) {
 
 /// Tells the host of a pressed button and lets it be seen released before the work
 /// that was posted begins.
-void PressCommandButton(WindowHandle dialog, int command) {
+void PressCommandButton(WindowHandle dialog, int button, int command) {
     platform::PostCommand(dialog, command);
     CallHost(CurrentHost, nullptr, HostOp::ButtonPressed, 0, std::int64_t{0});
-    platform::UpdateWindow(dialog);
+    platform::UpdateWindow(platform::Control(dialog, button));
 }
 
 void RunBuild(WindowHandle dialog, BuildMode mode) {
@@ -144,14 +178,6 @@ void RunBuild(WindowHandle dialog, BuildMode mode) {
         platform::EndDialog(dialog, 1);
     } else {
         platform::UpdateWindow(dialog);
-    }
-}
-
-void ShowHelp(WindowHandle dialog, const char* anchor) {
-    char target[64];
-    std::snprintf(target, sizeof target, "VORBELx1.HTML#%s", anchor);
-    if (CallHost(CurrentHost, nullptr, HostOp::ShowHelp, 0, target) == 0) {
-        ShowMessage(dialog, "There has been an error displaying the Help document.");
     }
 }
 
@@ -174,11 +200,11 @@ void OnCommand(WindowHandle dialog, int id, Notification notification) {
     const bool list_closed = notification == Notification::ComboClosed;
     switch (id) {
         case kBuildButton:
-            return PressCommandButton(dialog, kBuildCommand);
+            return PressCommandButton(dialog, id, kBuildCommand);
         case kTestButton:
-            return PressCommandButton(dialog, kTestCommand);
+            return PressCommandButton(dialog, id, kTestCommand);
         case kPreviewButton:
-            return PressCommandButton(dialog, kPreviewCommand);
+            return PressCommandButton(dialog, id, kPreviewCommand);
         case kBuildCommand:
             return RunBuild(dialog, BuildMode::Build);
         case kTestCommand:
@@ -190,6 +216,16 @@ void OnCommand(WindowHandle dialog, int id, Notification notification) {
             return;
         case kHelpButton:
             return ShowHelp(dialog, "PREFACE");
+        case kAboutButton:
+            return RunAbout(dialog);
+        case kOpenSaveButton:
+            return ShowDocumentMenu(dialog);
+        case kOpenCommand:
+            return OpenDocument(dialog);
+        case kSaveCommand:
+            return SaveDocument(dialog);
+        case kSaveAsCommand:
+            return SaveDocumentAs(dialog);
         case kPaletteList:
             if (list_closed) {
                 MainPalette = static_cast<std::uint32_t>(
@@ -210,6 +246,7 @@ void OnCommand(WindowHandle dialog, int id, Notification notification) {
 
 std::intptr_t MainDialogProcedure(WindowHandle dialog, std::uint32_t message, std::uintptr_t w,
                                   std::intptr_t l) {
+    StepLogo(dialog, kLogo, w);
     switch (message) {
         case platform::kMessageOpen:
             OpenMainDialog(dialog, reinterpret_cast<const HostServices*>(l));
@@ -249,13 +286,17 @@ void ShowStyleControls(WindowHandle dialog, int style) {
         platform::ShowControl(dialog, id, true);
 }
 
+ColorWord MarginColor(ColorWord background) {
+    return background == kNoBackground ? MakeColor(255, 255, 255) : background;
+}
+
 Sample RenderSample(WindowHandle dialog, int width, int height) {
     const StyleEntry& style = *StyleTable[SelectedStyle(dialog)];
     StyleContext context{};
     context.Dialog = dialog;
     context.SampleWidth = width;
     context.SampleHeight = height;
-    Sample sample{nullptr, 0, 0, BackgroundQuery(style, dialog, 0)};
+    Sample sample{nullptr, 0, 0, MarginColor(BackgroundQuery(style, dialog, 0))};
     if (style.Test(&context) == 0) return sample;
     const LockedImage image(context.Result);
     if (!image) return sample;

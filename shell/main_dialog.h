@@ -13,11 +13,9 @@ namespace tess {
 
 inline constexpr int kMainDialogTemplate = 1000;
 
-/// Commands that are posted, not pressed.
+/// Commands that are posted, not pressed; those of documents stand in
+/// shell/document_commands.h.
 enum MainCommand : int {
-    kOpenCommand = 37,
-    kSaveCommand = 38,
-    kSaveAsCommand = 39,
     kBuildCommand = 41,
     kTestCommand = 42,
     kPreviewCommand = 43,
@@ -40,8 +38,14 @@ struct Sample {
     ColorWord Margin;      ///< colour of what the picture does not cover
 };
 
+/// The background that a style told, or white for one without.
+[[nodiscard]] ColorWord MarginColor(ColorWord background);
+
 /// Renders the selected style's sample for a box of `width` by `height` and writes
 /// its size to the size line.
 [[nodiscard]] Sample RenderSample(platform::WindowHandle dialog, int width, int height);
+
+/// Adds painting and the logo to the dialog. Windows only.
+void InstallMainDialogView();
 
 }  // namespace tess

@@ -2,6 +2,7 @@
 #include <cstring>
 #include <string_view>
 
+#include "controls/skinned_button.h"
 #include "platform/resources.h"
 #include "shell/control_contract.h"
 
@@ -18,6 +19,8 @@ std::intptr_t MessageProcedure(platform::WindowHandle dialog, std::uint32_t mess
                                std::uintptr_t w, std::intptr_t l) {
     if (message == platform::kMessageOpen) {
         platform::SetControlText(dialog, kMessageText, reinterpret_cast<const char*>(l));
+        for (const int button : {1, 2, 6, 7})
+            SkinButton(dialog, button);
         platform::FocusControl(dialog, kFocusedButton);
         platform::CenterOnScreen(dialog);
         return 1;

@@ -185,6 +185,12 @@ void InstallControl(WindowHandle dialog, int id, const char* tag, ControlProcedu
     control->control_procedure = procedure;
 }
 
+void MakeOwnerDrawn(WindowHandle dialog, int id) {
+    constexpr std::uint32_t kOwnerDrawn = 0x0B;  // BS_OWNERDRAW
+    Window* control = Control(dialog, id);
+    if (control != nullptr && control->kind == WindowKind::Button) control->style |= kOwnerDrawn;
+}
+
 std::intptr_t CallOriginal(WindowHandle, std::uint32_t, std::uintptr_t, std::intptr_t) {
     return 0;
 }

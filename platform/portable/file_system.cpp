@@ -8,6 +8,7 @@
 namespace platform {
 
 const char kPathSeparator = '/';
+const char* const kPathSeparators = "/";
 
 /// $XDG_DATA_HOME, which counts only where it is absolute, else ~/.local/share.
 std::string ApplicationDataFolder() {
@@ -21,6 +22,13 @@ std::string ApplicationDataFolder() {
 std::string DocumentsFolder() {
     const char* home = std::getenv("HOME");
     return home == nullptr || home[0] == '\0' ? "" : std::string(home) + "/";
+}
+
+std::string ModuleFolder() {
+    char path[4096];
+    const ssize_t length = readlink("/proc/self/exe", path, sizeof path);
+    return length <= 0 ? std::string()
+                       : std::string(FolderOf({path, static_cast<std::size_t>(length)}));
 }
 
 std::FILE* OpenStream(const char* path, const char* mode) {

@@ -224,6 +224,12 @@ void InstallControl(WindowHandle dialog, int id, const char* tag, ControlProcedu
     SetWindowLongPtrA(control, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&HandleControlMessage));
 }
 
+void MakeOwnerDrawn(WindowHandle dialog, int id) {
+    HWND control = Find(dialog, id);
+    if (!IsOfClass(control, "BUTTON")) return;
+    SetWindowLongPtrA(control, GWL_STYLE, GetWindowLongPtrA(control, GWL_STYLE) | BS_OWNERDRAW);
+}
+
 std::intptr_t CallOriginal(WindowHandle control, std::uint32_t message, std::uintptr_t w,
                            std::intptr_t l) {
     const auto found = installed_controls.find(WindowOf(control));

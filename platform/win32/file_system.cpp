@@ -4,6 +4,7 @@
 #include <shlobj.h>
 
 #include "platform/files.h"
+#include "platform/win32/module.h"
 
 namespace platform {
 
@@ -22,6 +23,7 @@ std::string SpecialFolder(int folder) {
 }  // namespace
 
 const char kPathSeparator = '\\';
+const char* const kPathSeparators = "\\/:";
 
 std::string ApplicationDataFolder() {
     return SpecialFolder(CSIDL_APPDATA);
@@ -31,6 +33,12 @@ std::string DocumentsFolder() {
     std::string folder = SpecialFolder(CSIDL_PERSONAL);
     if (!folder.empty() && folder.back() != kPathSeparator) folder += kPathSeparator;
     return folder;
+}
+
+std::string ModuleFolder() {
+    char path[MAX_PATH] = "";
+    const DWORD length = GetModuleFileNameA(Module(), path, sizeof path);
+    return std::string(FolderOf({path, length}));
 }
 
 std::FILE* OpenStream(const char* path, const char* mode) {

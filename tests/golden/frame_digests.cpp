@@ -16,6 +16,7 @@
 #include "platform/dialog.h"
 #include "platform/files.h"
 #include "platform/headless_user.h"
+#include "shell/control_contract.h"
 #include "shell/main_dialog.h"
 #include "shell/style_table.h"
 #include "tests/support/sha256.h"
@@ -90,6 +91,7 @@ void SetRandomly(Run& run, WindowHandle dialog, const StyleParameter& parameter,
         case ParameterKind::ScrollHv:
             value = static_cast<int>(Draw(run, 2));
             platform::SetControlText(dialog, id, std::to_string(value));
+            platform::SendToWindow(platform::Control(dialog, id), ReadControlText, 0, 0);
             break;
         case ParameterKind::Fountain:
         case ParameterKind::Matrix:

@@ -1,0 +1,9 @@
+#include "platform/popup_menu_run.h"
+
+namespace platform {
+
+int RunPopupMenu(WindowHandle, std::span<const MenuItem>) {
+    return 0;
+}
+
+}  // namespace platform

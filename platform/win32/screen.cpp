@@ -1,0 +1,11 @@
+#include "platform/screen.h"
+
+#include <windows.h>
+
+namespace platform {
+
+PixelSize ScreenSize() {
+    return {GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+}
+
+}  // namespace platform

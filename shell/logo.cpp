@@ -1,0 +1,41 @@
+#include "shell/logo.h"
+
+#include "controls/arrow_strip.h"
+#include "platform/resources.h"
+
+namespace tess {
+
+int OpenLogo(ColorWord face, Logo* logo) {
+    *logo = {};
+    ArrowStrip strip;
+    if (!OpenArrowStrip(platform::FindData(kLogoResource), &strip)) return 0;
+    if (strip.Width != kLogoSide || strip.Height != kLogoSide * kLogoFrames) return 0;
+    platform::OwnedBlock frames(NewPackedDib(strip.Width, strip.Height, nullptr, 24));
+    {
+        const LockedImage image(frames.Get());
+        if (!image) return 0;
+        for (int y = 0; y < strip.Height; ++y) {
+            for (int x = 0; x < strip.Width; ++x)
+                SetDibPixel(image, x, y, BlendedArrowPixel(strip, x, y, face));
+        }
+    }
+    logo->Frames = frames.Release();
+    return 1;
+}
+
+void CloseLogo(Logo* logo) {
+    platform::FreeBlock(logo->Frames);
+    *logo = {};
+}
+
+int TakeLogoFrame(Logo* logo) {
+    const int frame = logo->Next;
+    logo->Next = frame + 1 < kLogoFrames ? frame + 1 : 0;
+    return frame;
+}
+
+void StepLogo(platform::WindowHandle dialog, int id, std::uintptr_t w) {
+    if (w == kLogoTimer) platform::RepaintControl(dialog, id);
+}
+
+}  // namespace tess

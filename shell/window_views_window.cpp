@@ -1,0 +1,18 @@
+#include "controls/direction_picker.h"
+#include "controls/skinned_button.h"
+#include "shell/about_dialog.h"
+#include "shell/dialog_view.h"
+#include "shell/main_dialog.h"
+#include "shell/window_views.h"
+
+namespace tess {
+
+void InstallWindowViews() {
+    InstallDirectionPickerView();
+    InstallSkinnedButtonView();
+    InstallMessageBoxViews();
+    InstallMainDialogView();
+    InstallAboutView();
+}
+
+}  // namespace tess
