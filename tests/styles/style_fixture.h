@@ -8,6 +8,7 @@
 #include "pipeline/image_buffers.h"
 #include "runtime/random.h"
 #include "tests/shell/main_dialog_fixture.h"
+#include "tests/support/image_bytes.h"
 
 namespace tess::test {
 
@@ -82,6 +83,18 @@ protected:
             for (int i = 0; i < frames.Count; ++i) {
                 all.push_back(TakeBytes(std::exchange(records.Get()[i].Image, nullptr)));
             }
+        }
+        FrameListFree(&frames);
+        return all;
+    }
+
+    /// The colours of every frame, row by row from the top; the list is freed.
+    static std::vector<std::vector<ColorWord>> TakePixels(FrameList frames) {
+        std::vector<std::vector<ColorWord>> all;
+        {
+            const platform::LockedBlock<FrameRecord> records(frames.Records);
+            for (int i = 0; i < frames.Count; ++i)
+                all.push_back(Pixels(records.Get()[i].Image));
         }
         FrameListFree(&frames);
         return all;
