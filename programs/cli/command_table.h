@@ -17,8 +17,8 @@ enum CommandBit : unsigned {
     kEncodeBit = 8,
     kStylesBit = 16,
     kParamsBit = 32,
-    kGalleryBit = 256,
-    kAllCommands = 0xFFFF,
+    kGalleryBit = 64,
+    kAllCommands = 127,
 };
 
 struct CommandRow {

@@ -217,7 +217,8 @@ TEST_F(MainDialogTest, HostWithoutHostCallIsAnInternalError) {
 
 TEST_F(MainDialogTest, HelpAsksTheHostForThePreface) {
     InDialog([](WindowHandle dialog) { platform::ClickControl(dialog, kHelpButton); });
-    EXPECT_EQ(HostCalls(), std::vector<std::int64_t>{9});
+    const std::vector<std::int64_t> calls{21, 9};  // the first as the dialog opens
+    EXPECT_EQ(HostCalls(), calls);
 }
 
 TEST_F(MainDialogTest, BackgroundQueryAnswersForModeZeroAlone) {
