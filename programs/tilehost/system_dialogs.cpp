@@ -40,12 +40,19 @@ std::string Browser() {
     return SUCCEEDED(found) ? path : "";
 }
 
+// Wine's browser hands a page on to the one of the system outside, and takes the
+// address of a place in a page for that of a file which is not there.
+bool KnowsPlaces(const std::string& browser) {
+    return lstrcmpiA(PathFindFileNameA(browser.c_str()), "winebrowser.exe") != 0;
+}
+
 // Started with the address as its argument: opening a page as a document, as the
 // system would, loses the place in it.
-bool ShowInBrowser(const std::string& address) {
+bool ShowInBrowser(HelpPlace place) {
     const std::string browser = Browser();
     if (browser.empty()) return false;
-    std::string command = "\"" + browser + "\" \"" + address + "\"";
+    if (!KnowsPlaces(browser)) place.Anchor.clear();
+    std::string command = "\"" + browser + "\" \"" + HelpAddress(place) + "\"";
     STARTUPINFOA start = {};
     start.cb = sizeof start;
     PROCESS_INFORMATION process = {};
@@ -93,7 +100,7 @@ bool AskForColor(HWND owner, ColorWord* color) {
 bool OpenHelp(const std::string& folder, const char* target) {
     const HelpPlace place = FindHelp(folder, target);
     if (GetFileAttributesA(place.Path.c_str()) == INVALID_FILE_ATTRIBUTES) return false;
-    if (ShowInBrowser(HelpAddress(place))) return true;
+    if (ShowInBrowser(place)) return true;
     constexpr INT_PTR kLastError = 32;  // of ShellExecute
     return reinterpret_cast<INT_PTR>(ShellExecuteA(nullptr, "open", place.Path.c_str(), nullptr,
                                                    nullptr, SW_SHOWNORMAL)) > kLastError;

@@ -14,7 +14,9 @@ namespace {
 
 constexpr char kPluginTitle[] = "Tessellomatics #1";
 constexpr int kFileNameEdit = 0x47C;  // of the system's file dialogs
+constexpr int kRedEdit = 706;         // of the system's colour dialog
 constexpr int kOkButton = 1;
+constexpr int kBubblesBackground = 100;
 
 TEST(TilehostCheck, PluginTellsItsParameters) {
     const ProgramEnd end = RunTilehost("--check");
@@ -94,6 +96,22 @@ TEST_F(DrivenTilehost, BuildEndsTheDialogAndPlaysItsFrames) {
     ASSERT_NE(dialog, nullptr);
     Press(dialog, kBuildButton);
     ASSERT_TRUE(Plays()) << host_.Status();
+    EXPECT_TRUE(WaitForDialogToGo());
+}
+
+TEST_F(DrivenTilehost, ColorIsChosenInTheSystemsDialog) {
+    HWND dialog = RunPluginDialog();
+    ASSERT_NE(dialog, nullptr);
+    HWND button = GetDlgItem(dialog, kBubblesBackground);
+    const std::string red = TextOf(button) == "10" ? "20" : "10";  // kept from the last run
+    Press(dialog, kBubblesBackground);
+    HWND question = host_.WaitForDialog("Color", kRedEdit);
+    ASSERT_NE(question, nullptr);
+    SendMessageA(GetDlgItem(question, kRedEdit), WM_SETTEXT, 0,
+                 reinterpret_cast<LPARAM>(red.c_str()));
+    Press(question, kOkButton);
+    EXPECT_TRUE(WaitFor([&] { return TextOf(button) == red; })) << TextOf(button);
+    Press(dialog, kCancelButton);
     EXPECT_TRUE(WaitForDialogToGo());
 }
 
