@@ -192,6 +192,12 @@ void FocusControl(WindowHandle dialog, int id) {
     SendMessageA(WindowOf(dialog), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
 }
 
+void SetControlSize(WindowHandle dialog, int id, int width, int height) {
+    HWND control = Find(dialog, id);
+    if (control == nullptr) return;
+    SetWindowPos(control, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 void RepaintControl(WindowHandle dialog, int id) {
     HWND control = Find(dialog, id);
     if (control == nullptr) return;
