@@ -43,7 +43,6 @@ std::uint32_t Truecolour = 1;
 
 namespace {
 
-constexpr char kFileName[] = "vorbelx1.ini";
 constexpr std::size_t kLineBytes = 260;
 
 // Values without a reader: they are kept so that a file stays as it is.
@@ -162,12 +161,12 @@ std::span<const ConfigKey> ConfigurationTable() {
 void ReadConfiguration() {
     // With Shift held no key may be read: that is the way back to the defaults.
     if (platform::IsShiftHeld()) return;
-    const char* path = platform::UserFile(kFileName);
+    const char* path = platform::UserFile(kConfigurationFile);
     if (path[0] != '\0') ReadConfigurationFile(path);
 }
 
 void WriteConfiguration() {
-    const char* path = platform::UserFile(kFileName);
+    const char* path = platform::UserFile(kConfigurationFile);
     if (path[0] != '\0') WriteConfigurationFile(path);
 }
 

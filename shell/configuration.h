@@ -32,6 +32,9 @@ inline constexpr std::uint32_t kTextKey = 2;    ///< up to 260 bytes
 inline constexpr std::uint32_t kOtherNumberKey = 4;
 inline constexpr std::uint32_t kWriteOnlyKey = 256;  ///< never read back
 
+/// The file's name in the per-user folder.
+inline constexpr char kConfigurationFile[] = "vorbelx1.ini";
+
 struct ConfigKey {
     const char* Name;
     void* Value;  ///< uint32_t, or char[kBoundTextBytes]

@@ -49,8 +49,7 @@ void ApplyLine(WindowHandle dialog, char* line) {
 int ReadLines(WindowHandle dialog, TextLines lines) {
     LineBuffer line;
     // An empty file counts as a correct one.
-    if (lines.Next(line.text) && (std::strstr(line.text, kProgram) == nullptr ||
-                                  std::strstr(line.text, kMaker) == nullptr)) {
+    if (lines.Next(line.text) && !IsDocumentHeader(line.text)) {
         ShowMessage(dialog, kDamaged);
         return 0;
     }
@@ -82,6 +81,10 @@ int ReadDocumentText(WindowHandle dialog, std::string_view text) {
     return 1;
 }
 
+bool IsDocumentHeader(const char* line) {
+    return std::strstr(line, kProgram) != nullptr && std::strstr(line, kMaker) != nullptr;
+}
+
 int WriteDocument(WindowHandle dialog, const char* path) {
     platform::NewFile file(path, platform::FileMode::Text);
     bool written = static_cast<bool>(file);
@@ -94,7 +97,7 @@ int WriteDocument(WindowHandle dialog, const char* path) {
             platform::SendToWindow(control, SaveControl, 0,
                                    reinterpret_cast<std::intptr_t>(file.Stream()));
         }
-        std::fputs(";End of document\n", file.Stream());
+        std::fprintf(file.Stream(), "%s\n", kDocumentEnd);
         written = file.Commit() != 0;
     }
     if (!written) ShowMessage(dialog, kCannotCreate);

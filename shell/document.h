@@ -19,4 +19,11 @@ int ReadDocumentText(platform::WindowHandle dialog, std::string_view text);
 /// 0 after a message.
 int WriteDocument(platform::WindowHandle dialog, const char* path);
 
+/// Whether a file's first line names the program and its maker, by which a document
+/// is known.
+[[nodiscard]] bool IsDocumentHeader(const char* line);
+
+/// The last line of a whole document.
+inline constexpr char kDocumentEnd[] = ";End of document";
+
 }  // namespace tess

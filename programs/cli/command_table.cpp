@@ -6,7 +6,8 @@
 namespace tess {
 namespace {
 
-constexpr unsigned kSettingCommands = kBuildBit | kSampleBit | kPreviewBit;
+constexpr unsigned kSettingCommands =
+    kBuildBit | kSampleBit | kPreviewBit | kConfigBit | kDocumentBit;
 
 bool TakeText(std::string& target, std::string_view value) {
     target = value;
@@ -42,6 +43,29 @@ bool ApplySet(Request& request, std::string_view value) {
     if (equals == std::string_view::npos || equals == 0) return false;
     request.Settings.push_back(
         {std::string(value.substr(0, equals)), std::string(value.substr(equals + 1))});
+    return true;
+}
+
+bool TakeFile(Request& request, std::string_view path, SettingKind kind) {
+    request.Settings.push_back({"", std::string(path), kind});
+    return !path.empty();
+}
+
+bool ApplyDocument(Request& request, std::string_view value) {
+    return TakeFile(request, value, SettingKind::Document);
+}
+
+bool ApplyConfig(Request& request, std::string_view value) {
+    return TakeFile(request, value, SettingKind::Configuration);
+}
+
+bool ApplySave(Request& request, std::string_view) {
+    request.Saves = true;
+    return true;
+}
+
+bool ApplyDefaults(Request& request, std::string_view) {
+    request.StartsAnew = true;
     return true;
 }
 
@@ -125,6 +149,15 @@ constexpr CommandRow kCommands[] = {
      "Lists for each parameter of the style its name and key (either goes with --set), its control "
      "id, kind, range or choices, start value and label.",
      RunParams},
+    {"config", kConfigBit, "", 0, 0, "Print the configuration, with what is set besides.",
+     "Prints the text of the configuration file: the values that were saved, or those of a new "
+     "installation, and over them what is set here.",
+     RunConfig},
+    {"document", kDocumentBit, "[FILE]", 0, 1, "Write a .qv1 document, or check and show one.",
+     "With -o, writes the state of the dialog as a document, after what is set here. With FILE, "
+     "checks that document and shows what it holds; a line that a dialog would pass over or "
+     "change counts as damage.",
+     RunDocument},
     {"gallery", kGalleryBit, "", 0, 0, "Make every style, and a page that shows them.",
      "Builds every style at its start values into a folder, as many at a time as there are cores, "
      "and writes an index page there that shows each as a page background, with its name and its "
@@ -133,12 +166,12 @@ constexpr CommandRow kCommands[] = {
 };
 
 constexpr OptionRow kOptions[] = {
-    {"output", 'o', "FILE", kBuildBit | kSampleBit | kEncodeBit | kGalleryBit,
+    {"output", 'o', "FILE", kBuildBit | kSampleBit | kEncodeBit | kGalleryBit | kDocumentBit,
      "Write the result to FILE.",
      "The ending decides the format. Animations: .gif; .webp, without loss; .png, animated; a name "
      "that ends in / or .bmp, or has no ending, is a folder of .bmp frames as --frames writes it. "
      "A GIF holds no 24-bit frames, so Truecolour starts as off for one. Pictures: .png or .bmp. "
-     "A gallery: a folder. "
+     "A gallery: a folder. A document: .qv1. "
      "An existing file is replaced once the new one is whole.",
      ApplyOutput, "the path of a file"},
     {"frames", 0, "DIR", kBuildBit | kEncodeBit, "Write each frame to the folder DIR besides.",
@@ -154,6 +187,18 @@ constexpr OptionRow kOptions[] = {
      "or with 0x; for a colour also #RRGGBB; for a check box also yes or no; for a list also the "
      "text of a choice. A value out of range is an error.",
      ApplySet, "KEY=VALUE"},
+    {"document", 0, "FILE", kSettingCommands, "Set all that a .qv1 document holds.",
+     "Counts in its place among the --set. STYLE, where it is given, goes before the document's.",
+     ApplyDocument, "the path of a file"},
+    {"config", 0, "FILE", kSettingCommands, "Set all that a configuration file holds.",
+     "Counts in its place among the --set. STYLE, where it is given, goes before the file's.",
+     ApplyConfig, "the path of a file"},
+    {"save", 0, nullptr, kSettingCommands, "Save the values to the user's configuration.",
+     "The next run starts from them, unless --defaults is given. Without it nothing is saved.",
+     ApplySave, nullptr},
+    {"defaults", 0, nullptr, kSettingCommands, "Start from the values of a new installation.",
+     "Without it a run starts from the values that --save has kept, where there are any.",
+     ApplyDefaults, nullptr},
     {"host", 0, "UNIT", kSettingCommands, "Be a host that counts delays in UNIT.",
      "'hundredths' of a second or 'milliseconds'. Supercompress is open to a host in hundredths "
      "alone. Default: hundredths.",
@@ -181,8 +226,8 @@ constexpr OptionRow kOptions[] = {
      ApplySupercompress, nullptr},
     {"delay", 0, "HUNDREDTHS", kEncodeBit, "Show each frame for so many hundredths of a second.",
      "1 to 65535. Default: 4.", ApplyDelay, "a number from 1 to 65535"},
-    {"json", 0, nullptr, kStylesBit | kParamsBit, "Write JSON, for programs.", "", ApplyJson,
-     nullptr},
+    {"json", 0, nullptr, kStylesBit | kParamsBit | kDocumentBit, "Write JSON, for programs.", "",
+     ApplyJson, nullptr},
     {"quiet", 'q', nullptr, kAllCommands, "Show no progress.", "", ApplyQuiet, nullptr},
     {"help", 'h', nullptr, kAllCommands, "Show help and end.", "", ApplyHelp, nullptr},
     {"version", 'V', nullptr, kAllCommands, "Show the version and end.", "", ApplyVersion, nullptr},

@@ -17,8 +17,10 @@ enum CommandBit : unsigned {
     kEncodeBit = 8,
     kStylesBit = 16,
     kParamsBit = 32,
-    kGalleryBit = 64,
-    kAllCommands = 127,
+    kConfigBit = 64,
+    kDocumentBit = 128,
+    kGalleryBit = 256,
+    kAllCommands = 511,
 };
 
 struct CommandRow {

@@ -12,6 +12,8 @@ int RunPreview(const Request& request);
 int RunEncode(const Request& request);
 int RunStyles(const Request& request);
 int RunParams(const Request& request);
+int RunConfig(const Request& request);
+int RunDocument(const Request& request);
 int RunGallery(const Request& request);
 
 }  // namespace tess

@@ -35,6 +35,7 @@ std::string FileOf(int style) {
 int BuildStyleFile(const Request& request, int style) {
     Request build = request;
     build.Quiet = true;
+    build.StartsAnew = true;
     build.Operands = {StyleTable[style]->Name};
     build.Output = (std::filesystem::path(request.Output) / FileOf(style)).string();
     return RunBuild(build);

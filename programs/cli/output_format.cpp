@@ -104,6 +104,14 @@ int CheckPictureOutput(const std::string& path) {
     return TryFile(path);
 }
 
+int CheckDocumentOutput(const std::string& path) {
+    if (EndingOf(path) != ".qv1") {
+        TellUser(path + ": unknown ending; it takes .qv1");
+        return kWrongUse;
+    }
+    return TryFile(path);
+}
+
 int WriteOutputs(const Animation& animation, const std::string& output,
                  const std::string& frames_folder) {
     if (!frames_folder.empty()) {

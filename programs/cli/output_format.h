@@ -20,6 +20,8 @@ enum class OutputFormat { Unknown, Gif, WebP, Png, Folder };
 [[nodiscard]] int CheckFolder(const std::string& path);
 /// The same for a single picture, .png or .bmp.
 [[nodiscard]] int CheckPictureOutput(const std::string& path);
+/// The same for a document, .qv1.
+[[nodiscard]] int CheckDocumentOutput(const std::string& path);
 
 /// Writes to `output` and, unless that is empty, `frames_folder`. Returns the exit
 /// status, after telling the user.

@@ -16,10 +16,13 @@ inline constexpr int kDone = 0;
 inline constexpr int kFailed = 1;
 inline constexpr int kWrongUse = 2;
 
-/// One `--set`, in the order given.
+enum class SettingKind { Value, Document, Configuration };
+
+/// One `--set`, `--document` or `--config`, in the order given.
 struct Setting {
-    std::string Key;
-    std::string Value;
+    std::string Key;    ///< of a value
+    std::string Value;  ///< of a file its path
+    SettingKind Kind = SettingKind::Value;
 };
 
 struct Request {
@@ -36,6 +39,8 @@ struct Request {
     bool OpensBrowser = true;
 
     std::vector<Setting> Settings;
+    bool Saves = false;       ///< the values to the user's configuration
+    bool StartsAnew = false;  ///< from the values of a new installation
     DelayUnit HostUnit = DelayUnit::Hundredths;
     std::optional<bool> HostTrueColor;
 

@@ -1,12 +1,15 @@
 #include "programs/cli/session.h"
 
 #include <cstdio>
+#include <filesystem>
+#include <system_error>
 
 #include "platform/files.h"
 #include "platform/headless_user.h"
 #include "programs/cli/output_format.h"
 #include "programs/cli/progress_bar.h"
 #include "programs/cli/settings.h"
+#include "shell/configuration.h"
 #include "shell/control_contract.h"
 #include "shell/main_dialog.h"
 
@@ -15,8 +18,7 @@ namespace {
 
 constexpr int kMessageText = 101;  // of the message boxes
 constexpr int kOkButton = 1;
-// Nothing can stand under a device, so neither are the user's own values read there
-// nor are a run's written.
+// Nothing can stand under a device, so nothing is read there nor written.
 constexpr char kNoFolder[] = "/dev/null";
 
 enum class Step { SetAndPress, Leave, GiveUp };
@@ -27,8 +29,12 @@ struct UserState {
     Wish Want;
     int Style;
     Session* Run;
-    Step Next;
-    std::string WrongUse;
+    Step Next = Step::SetAndPress;
+    SettingFault Fault = {};
+    /// What would be saved of two values that a run changes by itself: for the output's
+    /// format or the host, and by opening the dialog.
+    std::uint32_t TrueColor = 0;
+    std::uint32_t FirstRun = 0;
 };
 
 bool AnswerMessageBox(platform::WindowHandle dialog, std::vector<std::string>* messages) {
@@ -39,21 +45,52 @@ bool AnswerMessageBox(platform::WindowHandle dialog, std::vector<std::string>* m
     return true;
 }
 
-// Sets everything as the request says. Returns what is wrong with it.
-std::string SetValues(platform::WindowHandle dialog, const UserState& user) {
+bool WritesGif(const UserState& user) {
+    return user.Want == Wish::Build && FormatOf(user.Asked->Output) == OutputFormat::Gif;
+}
+
+void ChooseStyle(platform::WindowHandle dialog, const UserState& user) {
     if (user.Style >= 0) LoadControlValue(dialog, kEffectList, std::to_string(user.Style));
-    const bool to_gif =
-        user.Want == Wish::Build && FormatOf(user.Asked->Output) == OutputFormat::Gif;
-    if (to_gif) LoadControlValue(dialog, kTrueColorBox, "0");
-    for (const Setting& setting : user.Asked->Settings) {
-        std::string error = ApplySetting(dialog, setting);
-        if (!error.empty()) return error;
+}
+
+// Applies what a file holds; the style that the command names goes before the file's.
+SettingFault ApplyFile(platform::WindowHandle dialog, UserState& user, const Setting& setting) {
+    std::vector<std::string>& messages = user.Run->Messages;
+    const std::size_t told = messages.size();
+    if (WritesGif(user)) LoadControlValue(dialog, kTrueColorBox, std::to_string(user.TrueColor));
+    SettingFault fault = ApplySetting(dialog, setting);
+    if (fault.Status != kDone && messages.size() > told) {
+        fault.Text += ": " + messages.back();
+        messages.resize(told);
     }
-    if (to_gif && platform::IsChecked(dialog, kTrueColorBox)) {
-        return "Truecolour: a GIF holds no 24-bit frames; leave it off, or write .webp or .png";
+    user.TrueColor = Truecolour;
+    if (WritesGif(user)) LoadControlValue(dialog, kTrueColorBox, "0");
+    ChooseStyle(dialog, user);
+    return fault;
+}
+
+SettingFault ApplyOne(platform::WindowHandle dialog, UserState& user, const Setting& setting) {
+    if (setting.Kind != SettingKind::Value) return ApplyFile(dialog, user, setting);
+    SettingFault fault = ApplySetting(dialog, setting);
+    if (FindSettingControl(dialog, setting) == kTrueColorBox) user.TrueColor = Truecolour;
+    return fault;
+}
+
+// Sets everything as the request says. Returns what is wrong with it.
+SettingFault SetValues(platform::WindowHandle dialog, UserState& user) {
+    ChooseStyle(dialog, user);
+    if (WritesGif(user)) LoadControlValue(dialog, kTrueColorBox, "0");
+    if (user.Want == Wish::Work) FirstRun = user.FirstRun;
+    for (const Setting& setting : user.Asked->Settings) {
+        SettingFault fault = ApplyOne(dialog, user, setting);
+        if (fault.Status != kDone) return fault;
+    }
+    if (WritesGif(user) && platform::IsChecked(dialog, kTrueColorBox)) {
+        return {kWrongUse,
+                "Truecolour: a GIF holds no 24-bit frames; leave it off, or write .webp or .png"};
     }
     platform::SendToWindow(dialog, ShowStyle, 0, 0);
-    return "";
+    return {};
 }
 
 void PressOrKeep(platform::WindowHandle dialog, const UserState& user) {
@@ -66,20 +103,29 @@ void PressOrKeep(platform::WindowHandle dialog, const UserState& user) {
             user.Run->Sample.Reset(RenderSample(dialog, 0, 0).Image);
             platform::PostCommand(dialog, kCancelButton);
             return;
+        case Wish::Work:
+            user.Run->WorkStatus = user.Run->Work(dialog);
+            platform::PostCommand(dialog, kCancelButton);
+            return;
     }
 }
 
 // Called whenever a dialog has nothing left to do.
 void ActAsUser(platform::WindowHandle dialog, void* context) {
     auto& user = *static_cast<UserState*>(context);
+    // The saved values have been read by now. They are not written unless all goes well.
+    if (user.Next == Step::SetAndPress) platform::SetUserFolder(kNoFolder);
     if (AnswerMessageBox(dialog, &user.Run->Messages)) return;
     switch (user.Next) {
         case Step::SetAndPress:
             user.Next = Step::Leave;
-            user.WrongUse = SetValues(dialog, user);
-            if (user.WrongUse.empty()) return PressOrKeep(dialog, user);
-            platform::PostCommand(dialog, kCancelButton);
-            return;
+            user.Fault = SetValues(dialog, user);
+            if (user.Fault.Status != kDone) {
+                platform::PostCommand(dialog, kCancelButton);
+                return;
+            }
+            if (user.Asked->Saves) platform::SetUserFolder("");
+            return PressOrKeep(dialog, user);
         case Step::Leave:
             user.Next = Step::GiveUp;
             platform::PostCommand(dialog, kCancelButton);
@@ -103,6 +149,7 @@ bool HasResult(Wish wish, const Session& session) {
         case Wish::Sample:
             return static_cast<bool>(session.Sample);
         case Wish::Preview:
+        case Wish::Work:
             return true;
     }
     return false;
@@ -116,31 +163,72 @@ void KeepMessage(platform::WindowHandle dialog, void* context) {
 
 std::vector<std::string>* kept_messages = nullptr;
 
+// The two folders of a user are the task of an installation, which a command line has
+// not: so they are made as the first values are saved. Returns kDone, or another exit
+// status after telling the user.
+int MakeUserFolders() {
+    for (const auto path_in : {platform::UserFile, platform::PluginFile}) {
+        const std::string folder = path_in("");
+        std::error_code error;
+        std::filesystem::create_directories(folder, error);
+        if (folder.empty() || error) {
+            TellUser(folder + ": the folder for saved values cannot be made");
+            return kFailed;
+        }
+    }
+    return kDone;
+}
+
+// Writes the configuration once more than the closing dialog has: that says nothing of
+// a failure, and saves what only this run's output or host has asked for.
+int SaveConfiguration(const UserState& user) {
+    Truecolour = user.TrueColor;
+    const std::string path = platform::UserFile(kConfigurationFile);
+    if (WriteConfigurationFile(path.c_str()) != 0) return kDone;
+    TellUser(path + ": cannot be written");
+    return kFailed;
+}
+
+// Runs the dialog with the stand-in user, from the values that are saved.
+void RunDialogAs(UserState& user) {
+    platform::SetUserFolder(user.Asked->StartsAnew ? kNoFolder : "");
+    ReadConfiguration();
+    user.TrueColor = Truecolour;
+    user.FirstRun = FirstRun;
+    platform::SetHeadlessUser(ActAsUser, &user);
+    RunMainDialog(nullptr, &user.Run->Host.Services);
+    platform::SetHeadlessUser(nullptr, nullptr);
+    platform::SetUserFolder("");
+}
+
 }  // namespace
 
 int RunSession(const Request& request, Wish wish, int style, Session* session) {
     // The preview's delays are ten times finer for a host that takes 24-bit frames.
     const bool true_color = request.HostTrueColor.value_or(
         wish != Wish::Preview || request.HostUnit == DelayUnit::Milliseconds);
+    if (request.Saves) {
+        if (const int status = MakeUserFolders(); status != kDone) return status;
+    }
     ProgressBar bar(request.Quiet);
     OpenHost(&session->Host, request.HostUnit, true_color);
     session->Host.Reports = bar.Reports();
-    platform::SetUserFolder(kNoFolder);
-    UserState user{&request, wish, style, session, Step::SetAndPress, ""};
-    platform::SetHeadlessUser(ActAsUser, &user);
-    RunMainDialog(nullptr, &session->Host.Services);
-    platform::SetHeadlessUser(nullptr, nullptr);
+    UserState user{&request, wish, style, session};
+    RunDialogAs(user);
     CloseHost();
     bar.Clear();
 
-    if (!user.WrongUse.empty()) {
-        TellUser(user.WrongUse);
-        return kWrongUse;
+    if (user.Fault.Status != kDone) {
+        TellUser(user.Fault.Text);
+        return user.Fault.Status;
     }
     if (TellMessages(session->Messages) != kDone) return kFailed;
-    if (HasResult(wish, *session)) return kDone;
-    TellUser("the plug-in gave no picture");
-    return kFailed;
+    if (wish == Wish::Work && session->WorkStatus != kDone) return session->WorkStatus;
+    if (!HasResult(wish, *session)) {
+        TellUser("the plug-in gave no picture");
+        return kFailed;
+    }
+    return request.Saves ? SaveConfiguration(user) : kDone;
 }
 
 void TellUser(const std::string& text) {

@@ -3,10 +3,12 @@
 // presses a button. There is no other way to an animation here.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "host/collecting_host.h"
+#include "platform/dialog.h"
 #include "programs/cli/request.h"
 
 namespace tess {
@@ -15,12 +17,17 @@ enum class Wish {
     Build,    ///< press Build; the host then holds the animation
     Sample,   ///< keep the sample picture
     Preview,  ///< press Preview
+    Work,     ///< do the session's work, and cancel
 };
 
 struct Session {
     CollectingHost Host;
     platform::OwnedBlock Sample;
     std::vector<std::string> Messages;  ///< what the dialog told the user
+    /// What to do in the dialog for Wish::Work. Returns the exit status, after telling
+    /// the user.
+    std::function<int(platform::WindowHandle)> Work;
+    int WorkStatus = kFailed;
 };
 
 /// Starts the dialog with `style` (-1: its own choice) and the request's settings,

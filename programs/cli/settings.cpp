@@ -3,15 +3,15 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdint>
-#include <cstdio>
 #include <string_view>
+#include <vector>
 
-#include "controls/spinner.h"
+#include "programs/cli/control_values.h"
 #include "programs/cli/style_names.h"
 #include "programs/cli/values.h"
 #include "shell/configuration.h"
 #include "shell/control_contract.h"
-#include "shell/main_dialog.h"
+#include "shell/document.h"
 
 namespace tess {
 namespace {
@@ -60,7 +60,7 @@ const ConfigKey* FindVariable(std::string_view key) {
         if (PlainName(key) == PlainName(name.Name)) key = name.Key;
     }
     for (const ConfigKey& row : ConfigurationTable()) {
-        if (key == row.Name && (row.Flags & kWriteOnlyKey) == 0) return &row;
+        if (key == row.Name) return &row;
     }
     return nullptr;
 }
@@ -68,6 +68,14 @@ const ConfigKey* FindVariable(std::string_view key) {
 bool IsNumberText(std::string_view text) {
     return !text.empty() && std::all_of(text.begin(), text.end(),
                                         [](unsigned char c) { return std::isdigit(c) != 0; });
+}
+
+// The control that shows the value of a configuration key, or 0. A matrix tile's
+// control shows a whole tile, of which the key is one field: it has none.
+int ControlOfKey(std::string_view key) {
+    const auto place = FindParameterByKey(key);
+    if (place.Parameter == nullptr) return FindGeneralControl(key);
+    return place.Parameter->Kind == ParameterKind::Matrix ? 0 : place.Parameter->ControlId;
 }
 
 // The control that `key` means, or 0.
@@ -80,88 +88,7 @@ int FindControl(platform::WindowHandle dialog, std::string_view key) {
     if (const auto place = FindParameter(*StyleTable[style], key); place.Parameter != nullptr) {
         return place.Parameter->ControlId;
     }
-    if (const auto place = FindParameterByKey(key); place.Parameter != nullptr) {
-        return place.Parameter->ControlId;
-    }
-    return FindGeneralControl(key);
-}
-
-// A value as its control's line holds it, or what is wrong with it.
-struct LineValue {
-    std::string Value;
-    std::string Error;
-};
-
-LineValue Wrong(std::string error) {
-    return {"", std::move(error)};
-}
-
-LineValue NumberBetween(std::string_view text, std::int64_t least, std::int64_t most) {
-    const std::string range = std::to_string(least) + " to " + std::to_string(most);
-    const auto number = ReadNumber(text);
-    if (!number) return Wrong("is no number; it takes " + range);
-    if (*number < least || *number > most) return Wrong("is out of range; it takes " + range);
-    return {std::to_string(*number), ""};
-}
-
-LineValue SpinnerValue(platform::WindowHandle dialog, int id, std::string_view text) {
-    SpinnerRange range{0, 100, 0};
-    ReadSpinnerRange(platform::ControlText(dialog, id + kCompanionOffset), &range);
-    return NumberBetween(text, range.minimum, range.maximum);
-}
-
-LineValue ColorValue(std::string_view text) {
-    const auto color = ReadColor(text);
-    if (!color) return Wrong("is no color; it takes #RRGGBB or a number from 0 to 0xFFFFFFFF");
-    return {std::to_string(*color), ""};
-}
-
-LineValue CheckBoxValue(platform::WindowHandle dialog, int id, std::string_view text) {
-    const auto checked = ReadSwitch(text);
-    if (!checked) return Wrong("is no state of a check box; it takes yes or no (1 or 0)");
-    if (*checked && !platform::IsControlEnabled(dialog, id)) {
-        return Wrong("is not open to this host (see --host and --host-true-color)");
-    }
-    return {*checked ? "1" : "0", ""};
-}
-
-LineValue ChoiceValue(platform::WindowHandle dialog, int id, std::string_view text) {
-    const int count = platform::ItemCount(dialog, id);
-    if (ReadNumber(text)) return NumberBetween(text, 0, count - 1);
-    for (int i = 0; i < count; ++i) {
-        if (PlainName(platform::ItemText(dialog, id, i)) == PlainName(text)) {
-            return {std::to_string(i), ""};
-        }
-    }
-    return Wrong("is no choice of the list; it takes 0 to " + std::to_string(count - 1) +
-                 " or a choice's text");
-}
-
-LineValue BlockValue(std::string_view text) {
-    const bool is_hexadecimal = std::all_of(text.begin(), text.end(),
-                                            [](unsigned char c) { return std::isxdigit(c) != 0; });
-    if (text.empty() || text.size() % 2 != 0 || !is_hexadecimal) {
-        return Wrong("is no block; it takes two hexadecimal digits for each byte");
-    }
-    return {std::string(text), ""};
-}
-
-// How many directions a picker has, 0 for another control.
-int PickerCells(std::string_view tag) {
-    if (tag == kShadowDirectionTag) return 8;
-    if (tag == kScroll4Tag) return 4;
-    return tag == kScroll2Tag || tag == kScrollHvTag ? 2 : 0;
-}
-
-LineValue ValueFor(platform::WindowHandle dialog, int id, std::string_view text) {
-    const std::string_view tag = platform::ControlTag(platform::Control(dialog, id));
-    if (tag == kSpinnerTag) return SpinnerValue(dialog, id, text);
-    if (tag == kColorButtonTag) return ColorValue(text);
-    if (tag == kCheckBoxTag) return CheckBoxValue(dialog, id, text);
-    if (tag == kComboBoxTag) return ChoiceValue(dialog, id, text);
-    if (tag == kFountainTag || tag == kMatrixTag || tag == kMaterialTag) return BlockValue(text);
-    if (const int cells = PickerCells(tag); cells > 0) return NumberBetween(text, 0, cells - 1);
-    return Wrong("cannot be set: the control holds no value");
+    return ControlOfKey(key);
 }
 
 // A picker's line changes what it shows alone: its text and its variable follow
@@ -177,8 +104,11 @@ void FinishPicker(platform::WindowHandle dialog, int id, const std::string& valu
 }
 
 std::string SetVariable(const ConfigKey& row, std::string_view text) {
-    if ((row.Flags & kTextKey) != 0) {
+    if (row.IsText()) {
         if (text.size() >= kBoundTextBytes) return "is too long; it takes up to 259 bytes";
+        const bool is_one_line =
+            std::none_of(text.begin(), text.end(), [](unsigned char c) { return c < ' '; });
+        if (!is_one_line) return "is no text of one line";
         *std::copy(text.begin(), text.end(), static_cast<char*>(row.Value)) = '\0';
         return "";
     }
@@ -191,7 +121,7 @@ std::string SetVariable(const ConfigKey& row, std::string_view text) {
 }
 
 std::string SetControl(platform::WindowHandle dialog, int id, std::string_view text) {
-    const LineValue value = ValueFor(dialog, id, text);
+    const LineValue value = ValueForControl(dialog, id, text);
     if (!value.Error.empty()) return value.Error;
     if (!LoadControlValue(dialog, id, value.Value)) return "is not taken by its control";
     FinishPicker(dialog, id, value.Value);
@@ -208,19 +138,85 @@ bool LoadControlValue(platform::WindowHandle dialog, int id, const std::string& 
                                   reinterpret_cast<std::intptr_t>(line.c_str())) != 0;
 }
 
-std::string ApplySetting(platform::WindowHandle dialog, const Setting& setting) {
+namespace {
+
+SettingFault ApplyValue(platform::WindowHandle dialog, const Setting& setting) {
     std::string error;
-    const int id = FindControl(dialog, setting.Key);
-    if (id != 0 && platform::Control(dialog, id) != nullptr) {
+    if (const int id = FindSettingControl(dialog, setting); id != 0) {
         error = SetControl(dialog, id, setting.Value);
     } else if (const ConfigKey* row = FindVariable(setting.Key)) {
         error = SetVariable(*row, setting.Value);
     } else {
-        return "--set: unknown key '" + setting.Key +
-               "'; 'tessellomatics params STYLE' lists a style's";
+        return {kWrongUse, "--set: unknown key '" + setting.Key +
+                               "'; 'tessellomatics params STYLE' lists a style's"};
     }
-    if (error.empty()) return "";
-    return "--set " + setting.Key + ": '" + setting.Value + "' " + error;
+    if (error.empty()) return {};
+    return {kWrongUse, "--set " + setting.Key + ": " + ShownText(setting.Value) + " " + error};
+}
+
+// Shows a variable's value in its control as the opening of the dialog does: the
+// variable keeps what the control holds in its range.
+void ShowVariable(platform::WindowHandle dialog, const ConfigKey& row) {
+    const int id = ControlOfKey(row.Name);
+    if (id == 0) return;
+    auto* variable = static_cast<std::uint32_t*>(row.Value);
+    const std::uint32_t value = *variable;
+    // A check box that the host does not allow stays as it is.
+    if (!platform::IsControlEnabled(dialog, id) && id != kPaletteList) return;
+    LoadControlValue(dialog, id, std::to_string(value));
+    FinishPicker(dialog, id, std::to_string(value));
+    *variable = value;
+}
+
+SettingFault ApplyConfiguration(platform::WindowHandle dialog, const std::string& path) {
+    std::vector<std::uint32_t> before;
+    for (const ConfigKey& row : ConfigurationTable()) {
+        before.push_back(row.IsNumber() ? *static_cast<std::uint32_t*>(row.Value) : 0);
+    }
+    if (ReadConfigurationFile(path.c_str()) == 0) return {kFailed, path + ": cannot be read"};
+    if (!platform::IsControlEnabled(dialog, kTrueColorBox)) Truecolour = 0;
+    std::size_t i = 0;
+    for (const ConfigKey& row : ConfigurationTable()) {
+        const std::uint32_t old_value = before[i++];
+        if (row.IsNumber() && *static_cast<std::uint32_t*>(row.Value) != old_value) {
+            ShowVariable(dialog, row);
+        }
+    }
+    return {};
+}
+
+}  // namespace
+
+int FindSettingControl(platform::WindowHandle dialog, const Setting& setting) {
+    const int id = FindControl(dialog, setting.Key);
+    return id != 0 && platform::Control(dialog, id) != nullptr ? id : 0;
+}
+
+SettingFault ApplySetting(platform::WindowHandle dialog, const Setting& setting) {
+    switch (setting.Kind) {
+        case SettingKind::Value:
+            return ApplyValue(dialog, setting);
+        case SettingKind::Configuration:
+            return ApplyConfiguration(dialog, setting.Value);
+        case SettingKind::Document:
+            if (ReadDocument(dialog, setting.Value.c_str()) == 0) return {kFailed, setting.Value};
+            return {};
+    }
+    return {};
+}
+
+const char* GeneralSettingName(int id) {
+    for (const GeneralSetting& setting : kGeneralSettings) {
+        if (setting.ControlId == id) return setting.Name;
+    }
+    return nullptr;
+}
+
+const char* GeneralSettingKey(int id) {
+    for (const GeneralSetting& setting : kGeneralSettings) {
+        if (setting.ControlId == id) return setting.Key;
+    }
+    return nullptr;
 }
 
 }  // namespace tess

@@ -86,6 +86,14 @@ std::string DashedName(std::string_view text) {
     return dashed;
 }
 
+std::string ShownText(std::string_view text) {
+    constexpr std::size_t kMost = 60;
+    std::string shown("'");
+    for (const char c : text.substr(0, kMost))
+        shown += static_cast<unsigned char>(c) < ' ' || c == 127 ? '?' : c;
+    return shown + (text.size() > kMost ? "...'" : "'");
+}
+
 std::string ColorText(std::uint32_t color) {
     char text[8];
     std::snprintf(text, sizeof text, "#%02X%02X%02X", color & 0xFF, color >> 8 & 0xFF,

@@ -20,6 +20,8 @@ namespace tess {
 /// The words of a name in lower case with dashes between: "fill-color-1" for
 /// "FillColor1", "skip-intro" for "Skip Intro".
 [[nodiscard]] std::string DashedName(std::string_view text);
+/// The text in quotes as a message shows it: in one line, and cut where it is long.
+[[nodiscard]] std::string ShownText(std::string_view text);
 /// "#RRGGBB" of a colour word.
 [[nodiscard]] std::string ColorText(std::uint32_t color);
 

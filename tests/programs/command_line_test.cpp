@@ -31,6 +31,20 @@ constexpr OptionCase kCases[] = {
          return r.Settings.size() == 1 && r.Settings[0].Key == "seed" && r.Settings[0].Value == "5";
      },
      "seed"},
+    {"document", "document", "a.qv1",
+     [](const Request& r) {
+         return r.Settings.size() == 1 && r.Settings[0].Kind == SettingKind::Document &&
+                r.Settings[0].Value == "a.qv1";
+     },
+     ""},
+    {"config", "build", "a.ini",
+     [](const Request& r) {
+         return r.Settings.size() == 1 && r.Settings[0].Kind == SettingKind::Configuration &&
+                r.Settings[0].Value == "a.ini";
+     },
+     ""},
+    {"save", "config", nullptr, [](const Request& r) { return r.Saves; }, nullptr},
+    {"defaults", "sample", nullptr, [](const Request& r) { return r.StartsAnew; }, nullptr},
     {"host", "preview", "milliseconds",
      [](const Request& r) { return r.HostUnit == DelayUnit::Milliseconds; }, "seconds"},
     {"host-true-color", "build", "no", [](const Request& r) { return r.HostTrueColor == false; },

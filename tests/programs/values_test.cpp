@@ -47,6 +47,11 @@ TEST(Values, PlainNamesForgetCaseAndPunctuation) {
     EXPECT_EQ(PlainName("Fill-Color 1"), PlainName("FILLCOLOR1"));
 }
 
+TEST(Values, ShownTextIsOneShortLine) {
+    EXPECT_EQ(ShownText("a\nb"), "'a?b'");
+    EXPECT_EQ(ShownText(std::string(61, 'x')), "'" + std::string(60, 'x') + "...'");
+}
+
 TEST(Values, ColorTextIsReadBack) {
     EXPECT_EQ(ColorText(0x302010), "#102030");
     EXPECT_EQ(ReadColor(ColorText(0xEAE3DB)), 0xEAE3DBu);

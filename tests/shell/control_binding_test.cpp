@@ -37,7 +37,7 @@ protected:
     }
 };
 
-TEST_F(ControlBindingTest, EveryPickerStartsAtItsParameter) {
+TEST_F(ControlBindingTest, EveryPickerIsOfItsStylesKindAndStartsAtItsParameter) {
     InDialog([](WindowHandle dialog) {
         for (const StyleEntry* style : StyleTable) {
             for (const StyleParameter& parameter : style->Parameters) {
@@ -50,11 +50,6 @@ TEST_F(ControlBindingTest, EveryPickerStartsAtItsParameter) {
                 EXPECT_LT(parameter.Value, layout->Cells.size()) << parameter.Key;
             }
         }
-    });
-}
-
-TEST_F(ControlBindingTest, PickersAreOfTheKindThatTheirStyleNames) {
-    InDialog([](WindowHandle dialog) {
         const auto tag = [&](int id) {
             return std::string(platform::ControlTag(platform::Control(dialog, id)));
         };

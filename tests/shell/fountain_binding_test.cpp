@@ -1,10 +1,10 @@
-// The fountain buttons as the main dialog binds them.
+// The fountain buttons as their panels bind them.
 #include <cstdio>
 #include <cstring>
 
 #include "fills/fountain_control.h"
 #include "shell/control_contract.h"
-#include "tests/shell/main_dialog_fixture.h"
+#include "tests/shell/panel_dialog_fixture.h"
 
 namespace tess::test {
 
@@ -14,8 +14,13 @@ using platform::WindowHandle;
 
 constexpr int kFountainButtons[] = {270, 290, 306, 451, 496};
 
-class FountainBinding : public MainDialogTest {
+class FountainBinding : public PanelDialogTest {
 protected:
+    /// Opens a dialog with the five panels that have a fountain button.
+    void InDialog(const std::function<void(WindowHandle)>& act) {
+        InPanelDialog(act, {0, 2, 4, 15, 17});
+    }
+
     [[nodiscard]] std::string FilePath(const char* name) const {
         return PathOf((std::string("Quorvenstadtholme/Tessellomatics 1/") + name).c_str());
     }

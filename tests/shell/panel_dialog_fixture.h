@@ -1,4 +1,4 @@
-// A test's dialog with the main dialog's template and one style's panel, which opens
+// A test's dialog with the main dialog's template and a few panels, which opens
 // much faster than the main dialog with all twenty. A test works in it while it
 // opens, so it is never shown.
 #pragma once
@@ -17,9 +17,13 @@ namespace tess::test {
 
 class PanelDialogTest : public MainDialogTest {
 protected:
-    /// Opens the dialog with the panel of Bubbles, bound, and lets `act` work in it.
-    void InPanelDialog(const std::function<void(platform::WindowHandle)>& act) {
+    static constexpr int kBubblesStyle = 1;
+
+    /// Opens the dialog with the panels of some styles, bound, and lets `act` work in it.
+    void InPanelDialog(const std::function<void(platform::WindowHandle)>& act,
+                       const std::vector<int>& styles = {kBubblesStyle}) {
         act_ = act;
+        styles_ = styles;
         shown_styles_ = 0;
         messages_.clear();
         platform::SetHeadlessUser(AnswerMessageBox, this);
@@ -32,8 +36,6 @@ protected:
     [[nodiscard]] const std::vector<std::string>& Messages() const { return messages_; }
 
 private:
-    static constexpr int kBubbles = 1;
-
     static std::intptr_t Handle(platform::WindowHandle dialog, std::uint32_t message,
                                 std::uintptr_t, std::intptr_t l) {
         static PanelDialogTest* test = nullptr;
@@ -41,7 +43,8 @@ private:
             test = reinterpret_cast<PanelDialogTest*>(l);
             StyleContext context{};
             context.Dialog = dialog;
-            EXPECT_EQ(PanelInit(*StyleTable[kBubbles], &context), 1);
+            for (const int style : test->styles_)
+                EXPECT_EQ(PanelInit(*StyleTable[style], &context), 1);
             test->act_(dialog);
             platform::EndDialog(dialog, 7);
             return 1;
@@ -56,6 +59,7 @@ private:
     }
 
     std::function<void(platform::WindowHandle)> act_;
+    std::vector<int> styles_;
     int shown_styles_ = 0;
     std::vector<std::string> messages_;
 };

@@ -1,0 +1,86 @@
+#include "programs/cli/control_values.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "controls/spinner.h"
+#include "programs/cli/values.h"
+#include "shell/control_contract.h"
+
+namespace tess {
+namespace {
+
+LineValue Wrong(std::string error) {
+    return {"", std::move(error)};
+}
+
+LineValue SpinnerValue(platform::WindowHandle dialog, int id, std::string_view text) {
+    SpinnerRange range{0, 100, 0};
+    ReadSpinnerRange(platform::ControlText(dialog, id + kCompanionOffset), &range);
+    return NumberBetween(text, range.minimum, range.maximum);
+}
+
+LineValue ColorValue(std::string_view text) {
+    const auto color = ReadColor(text);
+    if (!color) return Wrong("is no color; it takes #RRGGBB or a number from 0 to 0xFFFFFFFF");
+    return {std::to_string(*color), ""};
+}
+
+LineValue CheckBoxValue(platform::WindowHandle dialog, int id, std::string_view text) {
+    const auto checked = ReadSwitch(text);
+    if (!checked) return Wrong("is no state of a check box; it takes yes or no (1 or 0)");
+    if (*checked && !platform::IsControlEnabled(dialog, id)) {
+        return Wrong("is not open to this host (see --host and --host-true-color)");
+    }
+    return {*checked ? "1" : "0", ""};
+}
+
+LineValue ChoiceValue(platform::WindowHandle dialog, int id, std::string_view text) {
+    const int count = platform::ItemCount(dialog, id);
+    if (ReadNumber(text)) return NumberBetween(text, 0, count - 1);
+    for (int i = 0; i < count; ++i) {
+        if (PlainName(platform::ItemText(dialog, id, i)) == PlainName(text)) {
+            return {std::to_string(i), ""};
+        }
+    }
+    return Wrong("is no choice of the list; it takes 0 to " + std::to_string(count - 1) +
+                 " or a choice's text");
+}
+
+LineValue BlockValue(std::string_view text) {
+    const bool is_hexadecimal = std::all_of(text.begin(), text.end(),
+                                            [](unsigned char c) { return std::isxdigit(c) != 0; });
+    if (text.empty() || text.size() % 2 != 0 || !is_hexadecimal) {
+        return Wrong("is no block; it takes two hexadecimal digits for each byte");
+    }
+    return {std::string(text), ""};
+}
+
+}  // namespace
+
+LineValue NumberBetween(std::string_view text, std::int64_t least, std::int64_t most) {
+    const std::string range = std::to_string(least) + " to " + std::to_string(most);
+    const auto number = ReadNumber(text);
+    if (!number) return Wrong("is no number; it takes " + range);
+    if (*number < least || *number > most) return Wrong("is out of range; it takes " + range);
+    return {std::to_string(*number), ""};
+}
+
+int PickerCells(std::string_view tag) {
+    if (tag == kShadowDirectionTag) return 8;
+    if (tag == kScroll4Tag) return 4;
+    return tag == kScroll2Tag || tag == kScrollHvTag ? 2 : 0;
+}
+
+LineValue ValueForControl(platform::WindowHandle dialog, int id, std::string_view text) {
+    const std::string_view tag = platform::ControlTag(platform::Control(dialog, id));
+    if (tag == kSpinnerTag) return SpinnerValue(dialog, id, text);
+    if (tag == kColorButtonTag) return ColorValue(text);
+    if (tag == kCheckBoxTag) return CheckBoxValue(dialog, id, text);
+    if (tag == kComboBoxTag) return ChoiceValue(dialog, id, text);
+    if (tag == kFountainTag || tag == kMatrixTag || tag == kMaterialTag) return BlockValue(text);
+    if (const int cells = PickerCells(tag); cells > 0) return NumberBetween(text, 0, cells - 1);
+    return Wrong("cannot be set: the control holds no value");
+}
+
+}  // namespace tess
