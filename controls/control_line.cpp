@@ -39,7 +39,7 @@ std::int32_t ReadNumber(const char* text) {
     const long long value = std::strtoll(text, nullptr, 10);
     using Limits = std::numeric_limits<std::int32_t>;
     if (value < Limits::min()) return Limits::min();
-    if (value > Limits::max()) return Limits::max();
+    if (value > std::numeric_limits<std::uint32_t>::max()) return Limits::max();
     return static_cast<std::int32_t>(value);
 }
 

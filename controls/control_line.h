@@ -15,8 +15,9 @@ namespace tess {
 /// there is none.
 [[nodiscard]] int FindLineId(const char* line);
 
-/// A number as `atoi` reads it, held in the 32 bits where `atoi` leaves the result
-/// open.
+/// A number as `atoi` reads it. Where `atoi` leaves the result open, an unsigned
+/// number of 32 bits keeps its bits, so that all that was written as one reads back;
+/// any other is held at the nearest number.
 [[nodiscard]] std::int32_t ReadNumber(const char* text);
 
 }  // namespace tess

@@ -82,6 +82,10 @@ bool HandlePicker(HWND control, UINT message, WPARAM w, LPARAM l, LRESULT* resul
         case WM_ERASEBKGND:
             *result = 1;  // painting leaves no pixel out
             return true;
+        case WM_SETTEXT:
+            // Past the button beneath, which would wipe the place of its old text.
+            *result = DefWindowProcA(control, message, w, l);
+            return true;
         case WM_LBUTTONDOWN:
             SetCapture(control);  // the button beneath releases it
             return false;

@@ -163,9 +163,13 @@ bool HandleSkinnedButton(HWND button, UINT message, WPARAM w, LPARAM l, LRESULT*
             *result = 1;  // painting leaves no pixel out
             return true;
         case WM_ENABLE:
-        case WM_SETTEXT:
             InvalidateRect(button, nullptr, FALSE);
             return false;
+        case WM_SETTEXT:
+            // Past the button beneath, which would wipe the place of its old text.
+            *result = DefWindowProcA(button, message, w, l);
+            InvalidateRect(button, nullptr, FALSE);
+            return true;
         case WM_LBUTTONDBLCLK:
             // An owner-drawn button would take the second of two quick presses for
             // something else than a press.

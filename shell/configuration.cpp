@@ -1,3 +1,13 @@
+// The file is text: comment lines that begin with ";", the line "[PlugIn]", and one
+// line "NAME = VALUE" a row of the table, in the table's order. It is read line by
+// line, by rules that take more than is written:
+//
+// - A line is cut at its first character below a blank. The name ends at the first
+//   blank or "="; what follows is the value, behind blanks, a run of "=", blanks.
+// - A name stands for the first readable row that begins with it. So "Main" is
+//   MainDelay, and an empty name, of an empty line too, is the first row of all.
+// - A number is what `atoi` makes of the value, so 0 when it is none.
+// - A line of more than 260 bytes is read in pieces, each a line of its own.
 #include "shell/configuration.h"
 
 #include <algorithm>
@@ -14,6 +24,7 @@
 #include "platform/files.h"
 #include "platform/keyboard.h"
 #include "shell/style_table.h"
+#include "shell/text_lines.h"
 
 namespace tess {
 
@@ -101,9 +112,7 @@ std::vector<ConfigKey> MakeTable() {
 /// The first row that may be read and whose name begins with `name`.
 const ConfigKey* FindKey(std::string_view name) {
     for (const ConfigKey& key : ConfigurationTable()) {
-        if ((key.Flags & kWriteOnlyKey) == 0 && std::string_view(key.Name).starts_with(name)) {
-            return &key;
-        }
+        if (key.IsReadable() && std::string_view(key.Name).starts_with(name)) return &key;
     }
     return nullptr;
 }
@@ -121,17 +130,23 @@ void ReadLine(char* line) {
     value += std::strspn(value, " ");
     value += std::strspn(value, "=");
     value += std::strspn(value, " ");
-    if ((key->Flags & kTextKey) != 0) {
+    if (key->IsText()) {
         std::snprintf(static_cast<char*>(key->Value), kBoundTextBytes, "%s", value);
-    } else {
+    } else if (key->IsNumber()) {
         *static_cast<std::uint32_t*>(key->Value) = static_cast<std::uint32_t>(ReadNumber(value));
     }
 }
 
+void ReadLines(TextLines lines) {
+    char line[kLineBytes + 1];
+    while (lines.Next(line))
+        ReadLine(line);
+}
+
 void WriteKey(const ConfigKey& key, std::FILE* stream) {
-    if ((key.Flags & kTextKey) != 0) {
+    if (key.IsText()) {
         std::fprintf(stream, "%s = %s\n", key.Name, static_cast<const char*>(key.Value));
-    } else {
+    } else if (key.IsNumber()) {
         std::fprintf(stream, "%s = %" PRIu32 "\n", key.Name,
                      *static_cast<const std::uint32_t*>(key.Value));
     }
@@ -157,19 +172,26 @@ void WriteConfiguration() {
 }
 
 int ReadConfigurationFile(const char* path) {
-    std::FILE* stream = platform::OpenFile(path, "r");
+    std::FILE* stream = platform::OpenFile(path, "rb");
     if (stream == nullptr) return 0;
-    char line[kLineBytes + 1];
-    while (std::fgets(line, sizeof line, stream) != nullptr)
-        ReadLine(line);
+    ReadLines(TextLines(stream));
+    const bool is_whole = std::ferror(stream) == 0;
     std::fclose(stream);
-    return 1;
+    return is_whole ? 1 : 0;
 }
 
 int WriteConfigurationFile(const char* path) {
     platform::NewFile file(path, platform::FileMode::Text);
     if (!file) return 0;
-    std::FILE* stream = file.Stream();
+    PrintConfiguration(file.Stream());
+    return file.Commit();
+}
+
+void ReadConfigurationText(std::string_view text) {
+    ReadLines(TextLines(text));
+}
+
+void PrintConfiguration(std::FILE* stream) {
     std::fputs(
         ";Quorvenstadtholme animtion plugin configuration file\n"
         ";Edit this at your own risk\n",
@@ -178,7 +200,6 @@ int WriteConfigurationFile(const char* path) {
                  platform::CurrentTimeText().c_str());
     for (const ConfigKey& key : ConfigurationTable())
         WriteKey(key, stream);
-    return file.Commit();
 }
 
 }  // namespace tess

@@ -3,7 +3,9 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdio>
 #include <span>
+#include <string_view>
 
 #include "shell/value_controls.h"
 
@@ -24,15 +26,20 @@ extern std::uint32_t SampleWindowKeyLine;
 extern std::uint32_t SolidBackground;
 extern std::uint32_t Truecolour;
 
-/// Bits of ConfigKey::Flags.
-inline constexpr std::uint32_t kNumberKey = 1;
-inline constexpr std::uint32_t kTextKey = 2;  ///< up to 260 bytes
-inline constexpr std::uint32_t kWriteOnlyKey = 256;
+/// Bits of ConfigKey::Flags. Others have no meaning here.
+inline constexpr std::uint32_t kNumberKey = 1;  ///< a 32-bit number
+inline constexpr std::uint32_t kTextKey = 2;    ///< up to 260 bytes
+inline constexpr std::uint32_t kOtherNumberKey = 4;
+inline constexpr std::uint32_t kWriteOnlyKey = 256;  ///< never read back
 
 struct ConfigKey {
     const char* Name;
     void* Value;  ///< uint32_t, or char[kBoundTextBytes]
     std::uint32_t Flags;
+
+    [[nodiscard]] bool IsNumber() const { return (Flags & (kNumberKey | kOtherNumberKey)) != 0; }
+    [[nodiscard]] bool IsText() const { return !IsNumber() && (Flags & kTextKey) != 0; }
+    [[nodiscard]] bool IsReadable() const { return (Flags & kWriteOnlyKey) == 0; }
 };
 
 /// All 304 rows in the order of the file: the general keys, then the styles' by
@@ -45,8 +52,12 @@ void ReadConfiguration();
 /// Writes the file whole; gives up silently when it cannot.
 void WriteConfiguration();
 
-/// The same for any file. Returns 0 when it cannot be opened or written.
+/// The same for any file. Returns 0 when it cannot be opened, read or written.
 int ReadConfigurationFile(const char* path);
 int WriteConfigurationFile(const char* path);
+
+/// The same for a text in memory and for an open stream.
+void ReadConfigurationText(std::string_view text);
+void PrintConfiguration(std::FILE* stream);
 
 }  // namespace tess

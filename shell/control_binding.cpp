@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "controls/direction_picker.h"
+#include "fills/fountain_control.h"
 #include "platform/dialog.h"
 #include "platform/resources.h"
 #include "shell/control_contract.h"
@@ -32,9 +33,10 @@ void BindParameter(platform::WindowHandle dialog, StyleParameter& parameter) {
             return BindDirectionPicker(dialog, parameter.ControlId, kScroll2Tag, &parameter.Value);
         case ParameterKind::ScrollHv:
             return BindDirectionPicker(dialog, parameter.ControlId, kScrollHvTag, &parameter.Value);
-        case ParameterKind::Fountain:
         case ParameterKind::Matrix:
             return;
+        case ParameterKind::Fountain:
+            return BindFountainButton(dialog, parameter.ControlId, parameter.Detail);
     }
 }
 

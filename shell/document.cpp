@@ -1,3 +1,10 @@
+// A document is text: a comment line that names the program and its maker, by which
+// it is known, the comment ";Start of document", one line a control, and the comment
+// ";End of document". A control's line is its tag, its id, "=" and its value:
+//
+//     SPNBTN114=128
+//
+// Every control writes its own line and reads its own; here they are only asked.
 #include "shell/document.h"
 
 #include <cstdint>
@@ -7,6 +14,7 @@
 #include "controls/control_line.h"
 #include "platform/files.h"
 #include "shell/control_contract.h"
+#include "shell/text_lines.h"
 
 namespace tess {
 
@@ -20,13 +28,10 @@ constexpr char kCannotCreate[] = "There has been an error creating the requested
 constexpr char kCannotOpen[] = "There has been an error opening the requested file.";
 constexpr char kDamaged[] = "This file has been damaged.";
 
+/// A line of up to 8192 bytes; a longer one is read in pieces.
 struct LineBuffer {
-    char text[8192];
+    char text[8192 + 1];
 };
-
-bool ReadLine(std::FILE* stream, LineBuffer* line) {
-    return std::fgets(line->text, sizeof line->text, stream) != nullptr;
-}
 
 /// Gives a line to the control whose id it bears. Lines for unknown ids, and those
 /// that their control refuses, are passed over.
@@ -41,25 +46,38 @@ void ApplyLine(WindowHandle dialog, char* line) {
     platform::SendToWindow(control, LoadControl, 0, reinterpret_cast<std::intptr_t>(line));
 }
 
+int ReadLines(WindowHandle dialog, TextLines lines) {
+    LineBuffer line;
+    // An empty file counts as a correct one.
+    if (lines.Next(line.text) && (std::strstr(line.text, kProgram) == nullptr ||
+                                  std::strstr(line.text, kMaker) == nullptr)) {
+        ShowMessage(dialog, kDamaged);
+        return 0;
+    }
+    while (lines.Next(line.text))
+        ApplyLine(dialog, line.text);
+    return 1;
+}
+
 }  // namespace
 
 int ReadDocument(WindowHandle dialog, const char* path) {
-    std::FILE* stream = platform::OpenFile(path, "r");
+    std::FILE* stream = platform::OpenFile(path, "rb");
     if (stream == nullptr) {
         ShowMessage(dialog, kCannotOpen);
         return 0;
     }
-    LineBuffer line;
-    // An empty file counts as a correct one.
-    if (ReadLine(stream, &line) && (std::strstr(line.text, kProgram) == nullptr ||
-                                    std::strstr(line.text, kMaker) == nullptr)) {
-        std::fclose(stream);
-        ShowMessage(dialog, kDamaged);
-        return 0;
-    }
-    while (ReadLine(stream, &line))
-        ApplyLine(dialog, line.text);
+    const int is_document = ReadLines(dialog, TextLines(stream));
+    // A folder can be opened on some systems, but not read.
+    const bool is_whole = std::ferror(stream) == 0;
     std::fclose(stream);
+    if (is_document != 0) platform::SendToWindow(dialog, ShowStyle, 0, 0);
+    if (!is_whole) ShowMessage(dialog, kCannotOpen);
+    return is_document != 0 && is_whole ? 1 : 0;
+}
+
+int ReadDocumentText(WindowHandle dialog, std::string_view text) {
+    if (ReadLines(dialog, TextLines(text)) == 0) return 0;
     platform::SendToWindow(dialog, ShowStyle, 0, 0);
     return 1;
 }

@@ -1,5 +1,6 @@
 #include "shell/value_controls.h"
 
+#include <algorithm>
 #include <cinttypes>
 #include <cstdio>
 #include <cstring>

@@ -1,6 +1,23 @@
-// Carpet.
+// Carpet: smooth, cloudy contours in the colours of a fountain, which run through
+// the contours without end. Nothing in the picture moves.
+//
+// One field of heights is made of layers of gradient noise, each twice as fine as
+// the one before. Noise does not join itself, so the field is set among its mirror
+// images and halved. The loop closes because the ring of colours turns once.
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+#include "controls/spinner.h"
+#include "pipeline/image_buffers.h"
+#include "pipeline/image_scaling.h"
+#include "platform/block_guards.h"
+#include "runtime/random.h"
+#include "styles/color_ring.h"
+#include "styles/gradient_noise.h"
+#include "styles/style_run.h"
 #include "styles/styles.h"
-#include "styles/undrawn.h"
 
 namespace tess {
 
@@ -28,6 +45,174 @@ StyleParameter parameters[] = {
 };
 // clang-format on
 
+constexpr int kMostLayers = 8;
+constexpr double kDepthDivisor = 8.0;
+constexpr std::ptrdiff_t kLowByte = 2;  // red, in a 24-bit pixel
+
+struct CarpetState {
+    std::int32_t TileWidth, TileHeight;
+    std::int32_t FrameCount;
+    std::int32_t Layers, Scale, Seed;
+    double NoiseScale;
+    platform::OwnedBlock HeightField;  // the low byte of a pixel is its height
+};
+
+/// A table of the layer's own is drawn and never read; its draws count.
+void SkipUnusedTable() {
+    constexpr int kDraws = 256 * 3 + 256;
+    for (int i = 0; i < kDraws; ++i)
+        runtime::SkipDraw();
+}
+
+/// Returns a grey picture. Negative noise is 0.
+ImageHandle MakeNoiseLayer(int width, int height, const CarpetState& state, int frequency) {
+    SkipUnusedTable();
+    NoiseTables tables;
+    FillNoiseTables(&tables);
+    platform::OwnedBlock layer(NewPackedDib(width, height, nullptr, 24));
+    const LockedImage image(layer.Get());
+    if (!image) return nullptr;
+    const auto side = static_cast<float>(std::max(width, height));
+    const auto scale = static_cast<float>(frequency * state.NoiseScale);
+    const auto depth = static_cast<float>(1.0 / kDepthDivisor);
+    for (int y = 0; y < height; ++y) {
+        const float row = static_cast<float>(y) / side * scale;
+        std::uint8_t* pixel = DibRow(image, y);
+        for (int x = 0; x < width; ++x, pixel += 3) {
+            const float noise =
+                PerlinNoise3(tables, static_cast<float>(x) / side * scale, row, depth);
+            const int grey = std::clamp(static_cast<int>(double{noise} * 255.0), 0, 255);
+            std::memset(pixel, grey, 3);
+        }
+    }
+    return layer.Release();
+}
+
+/// Adds the low bytes of `layer` to `sums`.
+void AddHeights(const PackedDib* layer, platform::WorkArray<std::uint16_t>& sums) {
+    std::uint16_t* sum = sums.begin();
+    for (int y = 0; y < layer->Height; ++y) {
+        const std::uint8_t* height = DibRow(layer, y) + kLowByte;
+        for (int x = 0; x < layer->Width; ++x, height += 3, ++sum)
+            *sum = static_cast<std::uint16_t>(*sum + *height);
+    }
+}
+
+/// An eighth of each sum, whatever the number of layers, in red alone.
+ImageHandle MakePictureOfSums(int width, int height,
+                              const platform::WorkArray<std::uint16_t>& sums) {
+    platform::OwnedBlock picture(NewPackedDib(width, height, nullptr, 24));
+    const LockedImage image(picture.Get());
+    if (!image) return nullptr;
+    const std::uint16_t* sum = sums.begin();
+    for (int y = 0; y < height; ++y) {
+        std::uint8_t* pixel = DibRow(image, y) + kLowByte;
+        for (int x = 0; x < width; ++x, pixel += 3, ++sum)
+            *pixel = static_cast<std::uint8_t>(std::clamp(*sum / 8, 0, 255));
+    }
+    return picture.Release();
+}
+
+ImageHandle MakeLayeredNoise(const CarpetState& state) {
+    const int width = state.TileWidth, height = state.TileHeight;
+    runtime::srand(static_cast<unsigned>(state.Seed));
+    const int layers = std::clamp(state.Layers, 1, kMostLayers);
+    if (layers == 1) return MakeNoiseLayer(width, height, state, 1);
+    platform::WorkArray<std::uint16_t> sums(static_cast<std::size_t>(width) *
+                                            static_cast<std::size_t>(height));
+    if (!sums) return nullptr;
+    for (int i = 0; i < layers; ++i) {
+        const platform::OwnedBlock layer(MakeNoiseLayer(width, height, state, 1 << i));
+        const LockedImage image(layer.Get());
+        if (!image) return nullptr;
+        AddHeights(image, sums);
+    }
+    return MakePictureOfSums(width, height, sums);
+}
+
+template <class Change>
+void ChangeHeights(PackedDib* image, Change change) {
+    for (int y = 0; y < image->Height; ++y) {
+        std::uint8_t* pixel = DibRow(image, y);
+        for (int x = 0; x < image->Width; ++x, pixel += 3) {
+            pixel[kLowByte] = static_cast<std::uint8_t>(change(int{pixel[kLowByte]}));
+            pixel[0] = pixel[1] = 0;
+        }
+    }
+}
+
+/// Stretches the heights from 0 to about 255, by a whole number of hundredths.
+/// Returns false when the picture could not be locked.
+bool NormalizeHeights(ImageHandle picture) {
+    const LockedImage image(picture);
+    if (!image) return false;
+    int lowest = 255, highest = 0;
+    ChangeHeights(image, [&lowest](int height) {
+        lowest = std::min(lowest, height);
+        return height;
+    });
+    ChangeHeights(image, [&highest, lowest](int height) {
+        highest = std::max(highest, height - lowest);
+        return height - lowest;
+    });
+    const int factor = 25500 / std::max(highest, 1);
+    ChangeHeights(image, [factor](int height) { return height * factor / 100; });
+    return true;
+}
+
+/// The source's row or column that stands at `place` of a field of twice its
+/// `size`, with the source in the middle and its mirror images beside it.
+int MirroredPlace(int place, int size) {
+    const int margin = size / 2;
+    if (place < margin) return margin - 1 - place;
+    if (place < margin + size) return place - margin;
+    return 2 * size - 1 - (place - margin);
+}
+
+/// Returns a picture of the same size that joins itself, or, where the scaler
+/// fails, one of twice the size, of which the top left counts.
+ImageHandle MirrorTile(ImageHandle tile) {
+    platform::OwnedBlock large;
+    {
+        const LockedImage source(tile);
+        if (!source) return nullptr;
+        large.Reset(NewPackedDib(2 * source->Width, 2 * source->Height, nullptr, source->BitCount));
+        const LockedImage field(large.Get());
+        if (!field) return nullptr;
+        for (int y = 0; y < field->Height; ++y) {
+            const std::uint8_t* row = DibRow(source, MirroredPlace(y, source->Height));
+            std::uint8_t* pixel = DibRow(field, y);
+            for (int x = 0; x < field->Width; ++x, pixel += 3)
+                std::memcpy(pixel, row + std::ptrdiff_t{3} * MirroredPlace(x, source->Width), 3);
+        }
+    }
+    const ImageHandle halved = ScaleImagePercent(large.Get(), 50, 50);
+    return halved != nullptr ? halved : large.Release();
+}
+
+bool StyleSetup(StyleContext& context, CarpetState& state) {
+    const platform::WindowHandle dialog = context.Dialog;
+    state.FrameCount = GetSpinnerValue(dialog, kFrames);
+    state.Layers = GetSpinnerValue(dialog, kLayers);
+    state.Seed = GetSpinnerValue(dialog, kSeed);
+    state.TileWidth = state.TileHeight = GetSpinnerValue(dialog, kSize);
+    state.Scale = GetSpinnerValue(dialog, kScale);
+    state.NoiseScale = state.Scale / 10.0;
+    state.HeightField.Reset(MakeLayeredNoise(state));
+    if (!state.HeightField || !NormalizeHeights(state.HeightField.Get())) return false;
+    state.HeightField.Reset(MirrorTile(state.HeightField.Get()));
+    return static_cast<bool>(state.HeightField);
+}
+
+ImageHandle RenderFrame(StyleContext& context, CarpetState& state, int frame) {
+    const ColorRing ring{kFountain, state.HeightField.Get(), state.TileWidth, state.TileHeight};
+    return RenderColorRing(context.Dialog, ring, static_cast<double>(frame) / state.FrameCount);
+}
+
+int FrameCount(const StyleContext&, const CarpetState& state) {
+    return state.FrameCount;
+}
+
 }  // namespace
 
 const StyleEntry CarpetStyle = {
@@ -35,8 +220,8 @@ const StyleEntry CarpetStyle = {
     .ConfigurationName = "Style013",
     .PanelTemplate = 7413,
     .Parameters = parameters,
-    .Test = UndrawnSlot,
-    .Build = UndrawnSlot,
+    .Test = TestStyle<CarpetState, StyleSetup, RenderFrame>,
+    .Build = BuildStyle<CarpetState, StyleSetup, RenderFrame, FrameCount>,
     .BackgroundControl = 0,
 };
 

@@ -41,11 +41,13 @@ inline std::uint32_t DialogDelay(const StyleContext&, std::uint32_t delay) {
     return delay;
 }
 
-/// The Build slot: renders every frame in order into context->Frames. `Delay` makes
-/// a frame's delay of the main dialog's, once the frame is rendered.
+/// The Build slot: renders every frame in order into context->Frames. Progress is
+/// told as a part of `ProgressCount`. `Delay` makes a frame's delay of the main
+/// dialog's, once the frame is rendered.
 template <class State, bool (*Setup)(StyleContext&, State&),
           ImageHandle (*Render)(StyleContext&, State&, int),
           int (*FrameCount)(const StyleContext&, const State&),
+          int (*ProgressCount)(const StyleContext&, const State&) = FrameCount,
           std::uint32_t (*Delay)(const StyleContext&, std::uint32_t delay) = DialogDelay>
 int BuildStyle(StyleContext* context) {
     const auto delay = static_cast<std::uint32_t>(GetSpinnerValue(context->Dialog, kDelayEdit));
@@ -62,7 +64,8 @@ int BuildStyle(StyleContext* context) {
         if (!built) {
             platform::FreeBlock(record.Image);
         } else {
-            CallHost(context->Host, nullptr, HostOp::Progress, frame, std::int64_t{count});
+            CallHost(context->Host, nullptr, HostOp::Progress, frame,
+                     std::int64_t{ProgressCount(*context, state)});
         }
     }
     context->State = nullptr;

@@ -228,7 +228,8 @@ const StyleEntry WhiteNoiseStyle = {
     .PanelTemplate = 7409,
     .Parameters = parameters,
     .Test = TestStyle<WhiteNoiseState, StyleSetup, RenderFrame>,
-    .Build = BuildStyle<WhiteNoiseState, StyleSetup, RenderFrame, FrameCount, FrameDelay>,
+    .Build =
+        BuildStyle<WhiteNoiseState, StyleSetup, RenderFrame, FrameCount, FrameCount, FrameDelay>,
     .BackgroundControl = kDarkFill,
 };
 

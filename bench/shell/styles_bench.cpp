@@ -1,5 +1,6 @@
 // The sample and the Build of every style at its start values. A sample is
-// rendered at each change of a control, so it has to be quick.
+// rendered at each change of a control, so it has to be quick. For the slowest of
+// the styles that keep what repeats, a Build that keeps nothing stands beside it.
 #include <benchmark/benchmark.h>
 #include <string>
 
@@ -7,6 +8,8 @@
 #include "platform/headless_user.h"
 #include "shell/main_dialog.h"
 #include "shell/style_table.h"
+#include "styles/styles.h"
+#include "tests/reference/plain_phasers.h"
 
 namespace tess {
 
@@ -23,6 +26,7 @@ struct Work {
     benchmark::State* state;
     int style;
     void (*run)(const Work& work, platform::WindowHandle dialog);
+    int (*build)(StyleContext* context) = nullptr;  ///< null: the style's own
 };
 
 void InDialog(Work work) {
@@ -54,7 +58,8 @@ void RunBuilds(const Work& work, platform::WindowHandle dialog) {
         context.Dialog = dialog;
         context.Frames = &frames;
         context.Host = &kServices;
-        const bool built = StyleTable[work.style]->Build(&context) != 0;
+        const auto build = work.build != nullptr ? work.build : StyleTable[work.style]->Build;
+        const bool built = build(&context) != 0;
         FrameListFree(&frames);
         if (!built) return work.state->SkipWithError("no frames");
     }
@@ -69,6 +74,13 @@ const bool registered = [] {
         benchmark::RegisterBenchmark(("Build/" + name).c_str(), [style](benchmark::State& state) {
             InDialog({&state, style, RunBuilds});
         })->Unit(benchmark::kMillisecond);
+        if (StyleTable[style] != &PhasersOnStunStyle) continue;
+        benchmark::RegisterBenchmark(
+            ("BuildWithNothingKept/" + name).c_str(),
+            [style](benchmark::State& state) {
+                InDialog({&state, style, RunBuilds, reference::PlainPhasersBuild});
+            })
+            ->Unit(benchmark::kMillisecond);
     }
     return true;
 }();

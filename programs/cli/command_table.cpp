@@ -125,13 +125,20 @@ constexpr CommandRow kCommands[] = {
      "Lists for each parameter of the style its name and key (either goes with --set), its control "
      "id, kind, range or choices, start value and label.",
      RunParams},
+    {"gallery", kGalleryBit, "", 0, 0, "Make every style, and a page that shows them.",
+     "Builds every style at its start values into a folder, as many at a time as there are cores, "
+     "and writes an index page there that shows each as a page background, with its name and its "
+     "command.",
+     RunGallery},
 };
 
 constexpr OptionRow kOptions[] = {
-    {"output", 'o', "FILE", kBuildBit | kSampleBit | kEncodeBit, "Write the result to FILE.",
+    {"output", 'o', "FILE", kBuildBit | kSampleBit | kEncodeBit | kGalleryBit,
+     "Write the result to FILE.",
      "The ending decides the format. Animations: .gif; .webp, without loss; .png, animated; a name "
      "that ends in / or .bmp, or has no ending, is a folder of .bmp frames as --frames writes it. "
      "A GIF holds no 24-bit frames, so Truecolour starts as off for one. Pictures: .png or .bmp. "
+     "A gallery: a folder. "
      "An existing file is replaced once the new one is whole.",
      ApplyOutput, "the path of a file"},
     {"frames", 0, "DIR", kBuildBit | kEncodeBit, "Write each frame to the folder DIR besides.",

@@ -17,7 +17,8 @@ enum CommandBit : unsigned {
     kEncodeBit = 8,
     kStylesBit = 16,
     kParamsBit = 32,
-    kAllCommands = 63,
+    kGalleryBit = 256,
+    kAllCommands = 0xFFFF,
 };
 
 struct CommandRow {

@@ -12,5 +12,6 @@ int RunPreview(const Request& request);
 int RunEncode(const Request& request);
 int RunStyles(const Request& request);
 int RunParams(const Request& request);
+int RunGallery(const Request& request);
 
 }  // namespace tess

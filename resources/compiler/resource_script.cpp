@@ -2,7 +2,9 @@
 //
 //   script    = { [language of the system: #include <...>] | STRINGTABLE strings
 //               | name ( DIALOG | DIALOGEX ) dialog
-//               | name ( RCDATA | BITMAP ) "file" }
+//               | name ( RCDATA | BITMAP ) file }
+//   file      = "text" | word          (a word where a name in quotes follows:
+//                                       windres joins texts behind one another)
 //   name      = number | word | "text"        (text without regard to case)
 //   strings   = begin { number [,] "text" } end
 //   dialog    = x, y, width, height
@@ -190,9 +192,10 @@ private:
         for (const DataFile& other : script_->data) {
             if (other.key == key) return Fail(start, "data " + start.text + " twice");
         }
-        std::string name;
-        if (!ReadText(&name)) return false;
-        script_->data.push_back({key, name, is_bitmap});
+        if (Next().kind != TokenKind::String && Next().kind != TokenKind::Word) {
+            return FailExpected("the name of a file");
+        }
+        script_->data.push_back({key, tokens_[at_++].text, is_bitmap});
         return true;
     }
 

@@ -15,6 +15,11 @@ bool IsWordCharacter(char c) {
     return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
 }
 
+/// A word may be the name of a file, without quotes.
+bool IsFileNameCharacter(char c) {
+    return IsWordCharacter(c) || c == '.' || c == '/';
+}
+
 std::string FolderOf(const std::string& path) {
     const std::size_t slash = path.find_last_of('/');
     return slash == std::string::npos ? "" : path.substr(0, slash + 1);
@@ -62,7 +67,7 @@ private:
                 tokens_->push_back(token);
             } else if (IsWordCharacter(c)) {
                 const std::size_t start = at;
-                while (at < text.size() && IsWordCharacter(text[at]))
+                while (at < text.size() && IsFileNameCharacter(text[at]))
                     ++at;
                 token.kind = TokenKind::Word;
                 token.text = text.substr(start, at - start);

@@ -30,6 +30,12 @@ TEST(ControlLine, NumbersThatDoNotFitAreHeldIn32Bits) {
     EXPECT_EQ(ReadNumber(" 12abc"), 12);
 }
 
+TEST(ControlLine, UnsignedNumberKeepsItsBits) {
+    EXPECT_EQ(ReadNumber("4294967295"), -1);
+    EXPECT_EQ(ReadNumber("2147483648"), -2147483647 - 1);
+    EXPECT_EQ(ReadNumber("4294967296"), 2147483647);
+}
+
 }  // namespace
 
 }  // namespace tess::test

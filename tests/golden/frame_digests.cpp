@@ -12,7 +12,9 @@
 #include <string>
 #include <string_view>
 
+#include "controls/direction_picker.h"
 #include "controls/spinner.h"
+#include "fills/fountain.h"
 #include "platform/dialog.h"
 #include "platform/files.h"
 #include "platform/headless_user.h"
@@ -58,7 +60,43 @@ int DrawNumber(Run& run, WindowHandle dialog, const StyleParameter& parameter) {
     if (name == "Density") widest = std::min(widest, 48);
     // Skip Intro's frames grow with its wheels and spokes.
     if (parameter.Key == std::string_view("Style014Density")) widest = 3;
+    // Neural Network's Width and Depth count balls, and it has a frame for each of them.
+    const bool counts_balls = std::string_view(parameter.Key).starts_with("Style018");
+    if (counts_balls && (name == "Width" || name == "Depth")) widest = 7;
     return range.minimum + static_cast<int>(Draw(run, static_cast<std::uint32_t>(widest) + 1));
+}
+
+std::uint32_t DirectionsOf(WindowHandle dialog, int id) {
+    const PickerLayout* layout =
+        FindPickerLayout(platform::ControlTag(platform::Control(dialog, id)));
+    return layout == nullptr ? 1 : static_cast<std::uint32_t>(layout->Cells.size());
+}
+
+/// Gives a fountain button random markers in order. Returns how many.
+int LoadRandomFountain(Run& run, WindowHandle dialog, int id) {
+    Fountain fountain;
+    InitFountain(&fountain, FountainPreset::Plain);
+    fountain.Flags = Draw(run, 4) == 0 ? 0 : kFountainLooped;
+    fountain.Start = Draw(run, 0x1000000);
+    fountain.End = Draw(run, 0x1000000);
+    const int most = Draw(run, 4) == 0 ? kFountainMarkers : 8;
+    fountain.Count = static_cast<std::int32_t>(Draw(run, static_cast<std::uint32_t>(most) + 1));
+    FountainMarker markers[kFountainMarkers];
+    for (FountainMarker& marker : markers)
+        marker = MakeMarker(1 + static_cast<int>(Draw(run, 255)), Draw(run, 0x1000000));
+    std::sort(markers, markers + fountain.Count);
+    std::memcpy(fountain.Markers, markers, sizeof markers);
+
+    std::string line = kFountainTag + std::to_string(id) + "=";
+    for (std::size_t i = 0; i < sizeof fountain; ++i) {
+        char digits[3];
+        std::snprintf(digits, sizeof digits, "%02X",
+                      unsigned{reinterpret_cast<const std::uint8_t*>(&fountain)[i]});
+        line += digits;
+    }
+    platform::SendToWindow(platform::Control(dialog, id), LoadControl, 0,
+                           reinterpret_cast<std::intptr_t>(line.c_str()));
+    return fountain.Count;
 }
 
 /// Sets one control to a random value, and adds it to the line that is printed.
@@ -89,11 +127,13 @@ void SetRandomly(Run& run, WindowHandle dialog, const StyleParameter& parameter,
         case ParameterKind::Scroll4:
         case ParameterKind::Scroll2:
         case ParameterKind::ScrollHv:
-            value = static_cast<int>(Draw(run, 2));
+            value = static_cast<int>(Draw(run, DirectionsOf(dialog, id)));
             platform::SetControlText(dialog, id, std::to_string(value));
             platform::SendToWindow(platform::Control(dialog, id), ReadControlText, 0, 0);
             break;
         case ParameterKind::Fountain:
+            value = LoadRandomFountain(run, dialog, id);
+            break;
         case ParameterKind::Matrix:
             return;
     }

@@ -60,6 +60,25 @@ TEST_F(ProgramTest, VersionIsOneLine) {
     EXPECT_EQ(run.output.substr(0, 15), "tessellomatics ");
 }
 
+TEST_F(ProgramTest, GalleryHoldsAnAnimationAndASectionForEachStyle) {
+    const ProgramRun run = Run("gallery -o pictures");
+    ASSERT_EQ(run.status, 0) << run.errors;
+    EXPECT_EQ(run.output, "pictures/index.html\n");
+    const std::string page = folder_.Text("pictures/index.html");
+    for (const char* style : {"bubbles", "gridlock", "neural-network", "snow"}) {
+        const std::string file = std::string(style) + ".gif";
+        EXPECT_NE(page.find("url('" + file + "')"), std::string::npos) << style;
+        EXPECT_EQ(folder_.Text("pictures/" + file).substr(0, 6), "GIF89a") << style;
+    }
+}
+
+TEST_F(ProgramTest, GalleryNeedsAFolderItCanMake) {
+    ExpectRefusal(Run("gallery"), 2, "-o DIR");
+    folder_.Write("file", "");
+    NoteNames();
+    ExpectRefusal(Run("gallery -o file/folder"), 1, "cannot be made");
+}
+
 TEST_F(ProgramTest, WrongUseEndsWithTwo) {
     ExpectRefusal(Run(""), 2, "no command");
     ExpectRefusal(Run("bake"), 2, "'bake'");

@@ -158,6 +158,14 @@ TEST_F(ResourceCompiler, DataAreKnownByNumberOrName) {
     EXPECT_TRUE(script_.data[2].is_bitmap);
 }
 
+TEST_F(ResourceCompiler, FileNamesMayStandWithoutQuotes) {
+    EXPECT_EQ(Read("\"(1+2)\" RCDATA folder/a_1.bin\n\"(3+4)\" RCDATA b.bin\n"), "");
+    ASSERT_EQ(script_.data.size(), 2u);
+    EXPECT_EQ(script_.data[0].key.name, "(1+2)");
+    EXPECT_EQ(script_.data[0].path, "folder/a_1.bin");
+    EXPECT_EQ(script_.data[1].path, "b.bin");
+}
+
 TEST_F(ResourceCompiler, ErrorsTellFileAndLine) {
     const struct {
         const char* script;

@@ -5,9 +5,12 @@
 #include <string_view>
 #include <vector>
 
+#include "controls/direction_picker.h"
 #include "pipeline/image_buffers.h"
 #include "runtime/random.h"
+#include "shell/control_contract.h"
 #include "tests/shell/main_dialog_fixture.h"
+#include "tests/support/image_bytes.h"
 
 namespace tess::test {
 
@@ -23,6 +26,10 @@ protected:
 
     static void Set(platform::WindowHandle dialog, int control, int value) {
         platform::SetControlText(dialog, control, std::to_string(value));
+        const platform::WindowHandle window = platform::Control(dialog, control);
+        if (FindPickerLayout(platform::ControlTag(window)) != nullptr) {
+            platform::SendToWindow(window, ReadControlText, 0, 0);
+        }
     }
 
     /// The style's sample, owned by the caller; null when its Test failed.
@@ -82,6 +89,18 @@ protected:
             for (int i = 0; i < frames.Count; ++i) {
                 all.push_back(TakeBytes(std::exchange(records.Get()[i].Image, nullptr)));
             }
+        }
+        FrameListFree(&frames);
+        return all;
+    }
+
+    /// The colours of every frame, row by row from the top; the list is freed.
+    static std::vector<std::vector<ColorWord>> TakePixels(FrameList frames) {
+        std::vector<std::vector<ColorWord>> all;
+        {
+            const platform::LockedBlock<FrameRecord> records(frames.Records);
+            for (int i = 0; i < frames.Count; ++i)
+                all.push_back(Pixels(records.Get()[i].Image));
         }
         FrameListFree(&frames);
         return all;

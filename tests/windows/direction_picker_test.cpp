@@ -47,6 +47,8 @@ TEST_F(PickerWindowTest, ClickInEachCellSetsTextVariableAndLookAndNotifiesTheDia
                 picture.Keep(std::string("picker_") + tag + "_" + std::to_string(i));
                 for (std::size_t j = 0; j < layout.Cells.size(); ++j)
                     EXPECT_EQ(LooksSelected(picture, layout.Cells[j]), i == j) << tag << i << j;
+                InvalidateRect(picker, nullptr, FALSE);
+                EXPECT_EQ(WindowPicture(picker), picture);
             }
         });
     }
@@ -91,7 +93,6 @@ TEST_F(PickerWindowTest, ArrowStandsTwoPixelsInAndOneMoreWhereSelected) {
 TEST_F(PickerWindowTest, PlaceWithoutCellsShowsTheDialogsBackground) {
     WithPicker(kShadowDirectionTag, [](WindowHandle, HWND picker) {
         EXPECT_EQ(WindowPicture(picker).At(37, 37), GetSysColor(COLOR_BTNFACE));
-        EXPECT_EQ(WindowPicture(picker).At(76, 40), GetSysColor(COLOR_BTNFACE));
     });
 }
 

@@ -73,6 +73,15 @@ TEST_F(SkinnedButtonWindowTest, SecondOfTwoQuickPressesIsAPress) {
     });
 }
 
+TEST_F(SkinnedButtonWindowTest, NewTextIsShown) {
+    WithLook(1, [](WindowHandle dialog, HWND button) {
+        const WindowPicture before(button);
+        platform::SetControlText(dialog, kTest, "Other");
+        EXPECT_FALSE(WindowPicture(button) == before);
+        EXPECT_EQ(platform::ControlText(dialog, kTest), "Other");
+    });
+}
+
 TEST_F(SkinnedButtonWindowTest, CornersShowTheDialogInTheRoundedLooks) {
     for (const std::uint32_t look : {1u, 3u, 77u}) {
         WithLook(look, [](WindowHandle, HWND button) {
