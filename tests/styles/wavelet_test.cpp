@@ -170,6 +170,16 @@ TEST_F(WaveletTest, OneColorMakesNoDrawAndSeveralAtLeastOneABall) {
     });
 }
 
+TEST_F(WaveletTest, StartsInReverse) {
+    InDialog([](WindowHandle dialog) {
+        const Bytes start = SampleBytes(Wavelet(), dialog);
+        Set(dialog, kScroll, 1);
+        EXPECT_EQ(SampleBytes(Wavelet(), dialog), start);
+        Set(dialog, kScroll, 0);
+        EXPECT_NE(SampleBytes(Wavelet(), dialog), start);
+    });
+}
+
 TEST_F(WaveletTest, FirstFrameOfABuildIsTheSample) {
     InDialog([](WindowHandle dialog) {
         Set(dialog, kFrames, 16);
