@@ -2,10 +2,10 @@
 
 #include "controls/skinned_button.h"
 #include "platform/browser.h"
-#include "platform/files.h"
 #include "shell/control_contract.h"
 #include "shell/help.h"
 #include "shell/logo.h"
+#include "shell/module_folder.h"
 
 namespace tess {
 
@@ -35,7 +35,7 @@ std::intptr_t AboutProcedure(WindowHandle dialog, std::uint32_t message, std::ui
             return 1;
         case kWebPageButton:
             // The page that lies beside the library, in the user's own browser.
-            platform::OpenPage(platform::ModuleFolder() + kHelpFile);
+            platform::OpenPage(ModuleFolder + kHelpFile);
             return 1;
         default:
             return 0;

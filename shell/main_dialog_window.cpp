@@ -1,5 +1,6 @@
 // What the main dialog paints: the live sample, the line with its size, the logo, and
-// the colour buttons of all panels.
+// the colour buttons of all panels. Any other owner-drawn control is sent the request
+// that the dialog got.
 
 #include <windows.h>
 #include <string>
@@ -89,7 +90,11 @@ bool PaintItem(HWND dialog, const DRAWITEMSTRUCT& item) {
             break;
     }
     const platform::WindowHandle control = HandleOf(item.hwndItem);
-    if (std::string_view(platform::ControlTag(control)) != kColorButtonTag) return false;
+    if (std::string_view(platform::ControlTag(control)) != kColorButtonTag) {
+        // Other kinds of control paint themselves, in their views.
+        return SendMessageA(item.hwndItem, WM_DRAWITEM, item.CtlID,
+                            reinterpret_cast<LPARAM>(&item)) != 0;
+    }
     DrawColorButton(control, &item, platform::ControlNumber(HandleOf(dialog), id, false),
                     kMainDialogColorButton);
     return true;

@@ -3,7 +3,9 @@
 #include <set>
 
 #include "controls/spinner.h"
+#include "platform/browser.h"
 #include "platform/resources.h"
+#include "shell/about_dialog.h"
 #include "tests/shell/main_dialog_fixture.h"
 
 namespace tess::test {
@@ -215,10 +217,55 @@ TEST_F(MainDialogTest, HostWithoutHostCallIsAnInternalError) {
     EXPECT_EQ(told, std::vector<std::string>{"Internal error"});
 }
 
-TEST_F(MainDialogTest, HelpAsksTheHostForThePreface) {
+TEST_F(MainDialogTest, OpeningAsksForTheFileDialogsSizeAndHelpForThePreface) {
     InDialog([](WindowHandle dialog) { platform::ClickControl(dialog, kHelpButton); });
-    // The opening asks for the size of file dialogs.
     EXPECT_EQ(HostCalls(), (std::vector<std::int64_t>{21, 9}));
+}
+
+TEST_F(MainDialogTest, FirstOpeningAsksForResetsThatFindNothingAndIsNoMoreTheFirst) {
+    FirstRun = 1;
+    InDialog([](WindowHandle dialog) {
+        EXPECT_EQ(FirstRun, 0u);
+        for (const int id : {270, 290, 306, 451, 496}) {
+            EXPECT_NE(platform::Control(dialog, id), nullptr);
+            EXPECT_EQ(platform::RepaintCount(dialog, id), 0);
+        }
+        EXPECT_EQ(platform::RepaintCount(dialog, kSampleBox), 0);
+    });
+}
+
+TEST_F(MainDialogTest, TimerOfTheLogoRepaintsItInWhateverMessageItsNumberComes) {
+    InDialog([](WindowHandle dialog) {
+        const int repaints = platform::RepaintCount(dialog, kLogo);
+        platform::SendToWindow(dialog, RefreshSample, 99, 0);
+        EXPECT_EQ(platform::RepaintCount(dialog, kLogo), repaints + 1);
+        platform::SendToWindow(dialog, RefreshSample, 98, 0);
+        EXPECT_EQ(platform::RepaintCount(dialog, kLogo), repaints + 1);
+    });
+}
+
+TEST_F(MainDialogTest, StyleWithoutBackgroundHasAWhiteMargin) {
+    EXPECT_EQ(MarginColor(kNoBackground), 0xFFFFFFu);
+    EXPECT_EQ(MarginColor(0x123456), 0x123456u);
+}
+
+TEST_F(MainDialogTest, AboutShowsItsLineAndLeadsToHelpAndPage) {
+    std::vector<std::string> shown;
+    platform::SuppressBrowser(true);
+    platform::SetHeadlessUser(
+        [](WindowHandle dialog, void* context) {
+            auto* texts = static_cast<std::vector<std::string>*>(context);
+            EXPECT_EQ(platform::TemplateOf(dialog), "8900");
+            texts->push_back(platform::ControlText(dialog, 101));
+            platform::ClickControl(dialog, kWebPageButton);
+            platform::PostCommand(dialog, kCancelButton);
+        },
+        &shown);
+    RunAbout(nullptr);
+    platform::SuppressBrowser(false);
+    ASSERT_EQ(shown.size(), 1u);
+    EXPECT_TRUE(shown[0].starts_with("Tessellomatics #1 Plugin"));
+    EXPECT_TRUE(platform::LastOpenedPage().ends_with("VORBELx1.HTML"));
 }
 
 TEST_F(MainDialogTest, BackgroundQueryAnswersForModeZeroAlone) {
