@@ -1,5 +1,6 @@
 #include "controls/direction_picker.h"
 
+#include <algorithm>
 #include <cinttypes>
 #include <cstdio>
 
@@ -150,8 +151,21 @@ int CellAt(const PickerLayout& layout, int x, int y) {
     return -1;
 }
 
+PickerCell CellsEnd(const PickerLayout& layout) {
+    PickerCell end{0, 0};
+    for (const auto [left, top] : layout.Cells) {
+        end.Left = std::max(end.Left, left + kPickerCellSize);
+        end.Top = std::max(end.Top, top + kPickerCellSize);
+    }
+    return end;
+}
+
 void BindDirectionPicker(WindowHandle dialog, int id, const char* tag, std::uint32_t* value) {
     platform::InstallControl(dialog, id, tag, PickerProcedure);
+    if (const PickerLayout* layout = FindPickerLayout(tag)) {
+        const auto [width, height] = CellsEnd(*layout);
+        platform::SetControlSize(dialog, id, width, height);
+    }
     platform::SendToWindow(platform::Control(dialog, id), InitializeControl, *value,
                            reinterpret_cast<std::intptr_t>(value));
 }

@@ -34,9 +34,13 @@ struct PickerLayout {
 /// a point in none.
 [[nodiscard]] int CellAt(const PickerLayout& layout, int x, int y);
 
+/// The place just right of and below all cells.
+[[nodiscard]] PickerCell CellsEnd(const PickerLayout& layout);
+
 /// Makes control `id` a picker of the kind `tag`, at the variable's value, and
-/// binds it. Requires: `tag` is a constant of shell/control_contract.h; the variable
-/// outlives the control.
+/// binds it. The control takes the size of its cells, which dialog units, that
+/// depend on the font, cannot say. Requires: `tag` is a constant of shell/control_contract.h; the
+/// variable outlives the control.
 void BindDirectionPicker(platform::WindowHandle dialog, int id, const char* tag,
                          std::uint32_t* value);
 

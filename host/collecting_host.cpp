@@ -7,8 +7,6 @@ namespace {
 
 CollectingHost* current_host = nullptr;
 
-constexpr std::size_t kPathBytes = 260;  // of the buffer that op 6 is given
-
 template <class T>
 T* PointerFrom(std::int64_t value) {
     return reinterpret_cast<T*>(static_cast<std::intptr_t>(value));
@@ -19,6 +17,7 @@ std::int64_t OpenTask(CollectingHost& host, HostOp opened_by, const TaskRecord* 
         return 0;
     }
     Animation& animation = host.Collected;
+    if (host.Reports.TaskOpening != nullptr) host.Reports.TaskOpening(host.Reports.Context);
     FrameListFree(&animation.Frames);
     animation.Depth = static_cast<int>(task->Depth);
     animation.Width = task->Width;
@@ -61,11 +60,15 @@ std::int64_t CloseTask(CollectingHost& host, bool done) {
     if (host.State != TaskState::Open) return 0;
     host.State = done ? TaskState::Kept : TaskState::Dropped;
     if (!done) FrameListFree(&host.Collected.Frames);
+    if (host.Reports.TaskClosed != nullptr) host.Reports.TaskClosed(host.Reports.Context);
     return 1;
 }
 
-std::int64_t ChooseImageFile(const CollectingHost& host, char* path) {
-    if (path == nullptr || host.ImageFile.empty() || host.ImageFile.size() >= kPathBytes) return 0;
+std::int64_t ChooseImageFile(const CollectingHost& host, platform::WindowHandle owner, char* path) {
+    if (path == nullptr) return 0;
+    const HostQuestions& ask = host.Questions;
+    if (ask.ChooseImageFile != nullptr) return ask.ChooseImageFile(ask.Context, owner, path);
+    if (host.ImageFile.empty() || host.ImageFile.size() >= kHostPathBytes) return 0;
     std::memcpy(path, host.ImageFile.c_str(), host.ImageFile.size() + 1);
     return 1;
 }
@@ -76,14 +79,18 @@ std::int64_t LoadImageFile(const CollectingHost& host, const char* path) {
 }
 
 std::int64_t ChooseColor(const CollectingHost& host, ColorDialogRecord* record) {
-    if (record == nullptr || !host.AnswersColor) return 0;
+    if (record == nullptr) return 0;
+    const HostQuestions& ask = host.Questions;
+    if (ask.ChooseColor != nullptr) return ask.ChooseColor(ask.Context, record);
+    if (!host.AnswersColor) return 0;
     record->Color = host.Color;
     return 1;
 }
 
 std::int64_t ShowHelp(CollectingHost& host, const char* target) {
     host.HelpTarget = target != nullptr ? target : "";
-    return 1;
+    const HostQuestions& ask = host.Questions;
+    return ask.ShowHelp == nullptr || ask.ShowHelp(ask.Context, host.HelpTarget.c_str());
 }
 
 std::int64_t ReportStage(const CollectingHost& host, const char* title) {
@@ -118,7 +125,7 @@ std::int64_t AnswerCall(TaskRecord*, std::int64_t opcode, std::int64_t a, std::i
         case HostOp::CloseTask:
             return CloseTask(host, a != 0);
         case HostOp::ChooseImageFile:
-            return ChooseImageFile(host, PointerFrom<char>(b));
+            return ChooseImageFile(host, PointerFrom<platform::Window>(a), PointerFrom<char>(b));
         case HostOp::LoadImageFile:
             return LoadImageFile(host, PointerFrom<const char>(b));
         case HostOp::ShowHelp:

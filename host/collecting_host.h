@@ -4,6 +4,7 @@
 // HostCall carries no pointer of the host's, so there is one current host.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -24,6 +25,23 @@ struct HostReports {
     void (*Stage)(void* context, const char* title);
     void (*Progress)(void* context, std::int64_t done, std::int64_t total);
     void* Context;
+    /// The frames of the last task are about to go.
+    void (*TaskOpening)(void* context) = nullptr;
+    /// The task is kept or dropped.
+    void (*TaskClosed)(void* context) = nullptr;
+};
+
+/// The bytes of the path that op 6 asks for, its end included.
+inline constexpr std::size_t kHostPathBytes = 260;
+
+/// Asks a real user what the plug-in asks of its host, and returns whether there is
+/// an answer. Where one is null, the host answers as CollectingHost's fields say.
+struct HostQuestions {
+    /// `path` has kHostPathBytes.
+    bool (*ChooseImageFile)(void* context, platform::WindowHandle owner, char* path) = nullptr;
+    bool (*ChooseColor)(void* context, ColorDialogRecord* record) = nullptr;
+    bool (*ShowHelp)(void* context, const char* target) = nullptr;
+    void* Context = nullptr;
 };
 
 struct CollectingHost {
@@ -39,6 +57,7 @@ struct CollectingHost {
 
     // What the host answers.
     HostReports Reports = {};
+    HostQuestions Questions = {};
     bool AnswersColor = false;  ///< the colour chooser ends with a choice
     ColorWord Color = 0;        ///< that choice
     std::string ImageFile;      ///< the chosen image, empty for none

@@ -135,6 +135,8 @@ void ShowControl(WindowHandle dialog, int id, bool visible);
 /// Whether the control itself is shown, be its dialog shown yet or not.
 [[nodiscard]] bool IsControlVisible(WindowHandle dialog, int id);
 void FocusControl(WindowHandle dialog, int id);
+/// Gives a control a size in pixels; its left top corner stays.
+void SetControlSize(WindowHandle dialog, int id, int width, int height);
 void RepaintControl(WindowHandle dialog, int id);
 
 // --- What a control carries

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "controls/direction_picker.h"
 #include "controls/spinner.h"
 #include "pipeline/image_buffers.h"
 #include "platform/block_guards.h"
@@ -116,7 +117,7 @@ bool StyleSetup(StyleContext& context, HyperspaceState& state) {
     state.MidSize = 2;
     state.SmallSize = 1;
     const double step = static_cast<double>(state.Width) / state.FrameCount;
-    const bool reverse = platform::ControlNumber(dialog, kScroll, false) != 0;
+    const bool reverse = SelectedDirection(dialog, kScroll) != 0;
     const int opacity = GetSpinnerValue(dialog, kOpacity);
     const int density = GetSpinnerValue(dialog, kDensity);
     runtime::srand(static_cast<unsigned>(GetSpinnerValue(dialog, kSeed)));

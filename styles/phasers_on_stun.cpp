@@ -6,8 +6,10 @@
 // modulo the frame count.
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 #include "controls/spinner.h"
 #include "pipeline/image_buffers.h"
@@ -78,7 +80,7 @@ StyleParameter parameters[] = {
 
 enum BeamKind : std::int32_t { kEast2South, kWest2South, kHorizontal, kVertical };
 
-constexpr std::array<std::int32_t, 4> kLevels = {255, 192, 128, 64};
+constexpr std::array<std::uint8_t, 4> kLevels = {255, 192, 128, 64};
 
 /// One flash of one beam; a beam has one for each of kLevels.
 struct PhaserEntry {
@@ -210,22 +212,70 @@ ImageHandle SpreadLevels(ImageHandle drawn) {
     platform::OwnedBlock result(NewPackedDib(from->Width, from->Height, nullptr, 32));
     const LockedImage image(result.Get());
     if (!image) return nullptr;
+    const auto lit = std::bit_cast<std::uint32_t>(kLevels);
     for (int y = 0; y < image->Height; ++y) {
         const std::uint8_t* white = DibRow(from.Get(), y);
         std::uint8_t* pixel = DibRow(image.Get(), y);
-        for (int x = 0; x < image->Width; ++x, white += 3, pixel += kLevels.size()) {
-            for (std::size_t flash = 0; flash < kLevels.size(); ++flash)
-                pixel[flash] = static_cast<std::uint8_t>(kLevels[flash] & *white);
+        for (int x = 0; x < image->Width; ++x, white += 3, pixel += sizeof lit) {
+            const std::uint32_t value = *white != 0 ? lit : 0;
+            std::memcpy(pixel, &value, sizeof value);
         }
     }
     return result.Release();
 }
 
-/// The masks of a beam's four flashes as the channels of one 32-bit picture of its
-/// box's size: the scaler treats each channel by itself. The caller owns it; null
-/// on failure.
-ImageHandle RenderBeamMask(const PhaserState& state, const PhaserEntry& beam,
-                           const raster::Rect& box) {
+/// A row of a beam's masks without the dark pixels at either end. A block of masks
+/// is one for each row of the beam's box, then the rows' pixels, kLevels each.
+struct MaskRow {
+    std::int32_t Left, Count;
+    std::uint32_t First;  // pixel of the block
+};
+
+/// Returns a block with what `picture` has beside darkness, or null.
+platform::MemoryHandle TrimMasks(ImageHandle picture) {
+    const LockedImage image(picture);
+    if (!image) return nullptr;
+    const auto height = static_cast<std::size_t>(image->Height);
+    platform::WorkArray<MaskRow> rows(height);
+    if (!rows) return nullptr;
+    constexpr std::size_t kPixelBytes = kLevels.size();
+    const auto is_dark = [](const std::uint8_t* pixel) {
+        return std::all_of(pixel, pixel + kPixelBytes, [](int level) { return level == 0; });
+    };
+    std::uint32_t count = 0;
+    for (std::size_t y = 0; y < height; ++y) {
+        const std::uint8_t* pixels = DibRow(image.Get(), static_cast<int>(y));
+        int left = 0;
+        int right = image->Width;
+        while (left < right && is_dark(pixels + kPixelBytes * static_cast<std::size_t>(left)))
+            ++left;
+        while (left < right && is_dark(pixels + kPixelBytes * static_cast<std::size_t>(right - 1)))
+            --right;
+        rows[y] = {left, right - left, count};
+        count += static_cast<std::uint32_t>(right - left);
+    }
+    platform::OwnedBlock result(
+        platform::AllocateBlock(height * sizeof(MaskRow) + count * kPixelBytes));
+    const platform::LockedBlock<std::uint8_t> bytes(result.Get());
+    if (!bytes) return nullptr;
+    std::memcpy(bytes, rows.data(), height * sizeof(MaskRow));
+    std::uint8_t* target = bytes.Get() + height * sizeof(MaskRow);
+    for (std::size_t y = 0; y < height; ++y) {
+        const std::size_t length = kPixelBytes * static_cast<std::size_t>(rows[y].Count);
+        std::memcpy(target,
+                    DibRow(image.Get(), static_cast<int>(y)) +
+                        kPixelBytes * static_cast<std::size_t>(rows[y].Left),
+                    length);
+        target += length;
+    }
+    return result.Release();
+}
+
+/// The masks of a beam's four flashes, drawn once as the channels of one 32-bit
+/// picture of its box's size: the scaler treats each channel by itself. The caller
+/// owns the block; null on failure.
+platform::MemoryHandle RenderBeamMask(const PhaserState& state, const PhaserEntry& beam,
+                                      const raster::Rect& box) {
     SupersampledDrawing drawing(2 * (box.right - box.left), 2 * (box.bottom - box.top));
     if (!drawing) return nullptr;
     drawing.Fill(raster::kBlackBrush);
@@ -236,35 +286,36 @@ ImageHandle RenderBeamMask(const PhaserState& state, const PhaserEntry& beam,
     if (beam.TwoStrokes != 0) {
         DrawStroke(context, state, beam.Kind, placed(beam.X3, beam.Y3), placed(beam.X4, beam.Y4));
     }
-    const platform::OwnedBlock drawn(drawing.TakeLarge());
-    const platform::OwnedBlock spread(SpreadLevels(drawn.Get()));
-    return ScaleImagePercent(spread.Get(), 50, 50);
-}
-
-/// Blends the color into the tile from the box's corner on, with one channel of
-/// `masks` as weights. Where that is 0 the pixel stays as it is.
-void BlendFlash(PackedDib* tile, const raster::Rect& box, const PackedDib* masks,
-                std::size_t channel, ColorWord color) {
-    const std::uint8_t colors[3] = {BlueOf(color), GreenOf(color), RedOf(color)};
-    for (int y = 0; y < masks->Height; ++y) {
-        const std::uint8_t* level = DibRow(masks, y) + channel;
-        std::uint8_t* pixel = DibRow(tile, box.top + y) + std::ptrdiff_t{3} * box.left;
-        for (int x = 0; x < masks->Width; ++x, level += kLevels.size(), pixel += 3) {
-            if (*level == 0) continue;
-            for (int i = 0; i < 3; ++i) {
-                pixel[i] = static_cast<std::uint8_t>(pixel[i] * (255 - *level) / 255 +
-                                                     colors[i] * *level / 255);
-            }
-        }
-    }
+    platform::OwnedBlock picture(drawing.TakeLarge());
+    picture.Reset(SpreadLevels(picture.Get()));
+    picture.Reset(ScaleImagePercent(picture.Get(), 50, 50));
+    return TrimMasks(picture.Get());
 }
 
 /// The masks of the beam, owned by the state, or null. Its kind and place tell
 /// what they are, for the power is the same for all.
-ImageHandle FindMasks(PhaserState& state, const PhaserEntry& beam, const raster::Rect& box) {
+platform::MemoryHandle FindMasks(PhaserState& state, const PhaserEntry& beam,
+                                 const raster::Rect& box) {
     const int place = beam.Kind == kVertical ? beam.X1 : beam.Y1;
     return state.Masks.Find(static_cast<std::uint64_t>(beam.Kind << 16 | place),
                             [&] { return RenderBeamMask(state, beam, box); });
+}
+
+/// Blends the color into the tile, with one channel of a beam's masks as weights.
+void BlendFlash(PackedDib* tile, const raster::Rect& box, const MaskRow* rows, std::size_t channel,
+                ColorWord color) {
+    const std::uint8_t colors[3] = {BlueOf(color), GreenOf(color), RedOf(color)};
+    const auto* pixels = reinterpret_cast<const std::uint8_t*>(rows + (box.bottom - box.top));
+    for (int y = box.top; y < box.bottom; ++y, ++rows) {
+        const std::uint8_t* level = pixels + kLevels.size() * rows->First + channel;
+        std::uint8_t* target = DibRow(tile, y) + std::ptrdiff_t{3} * (box.left + rows->Left);
+        for (int x = 0; x < rows->Count; ++x, level += kLevels.size(), target += 3) {
+            for (int i = 0; i < 3; ++i) {
+                target[i] = static_cast<std::uint8_t>(target[i] * (255 - *level) / 255 +
+                                                      colors[i] * *level / 255);
+            }
+        }
+    }
 }
 
 ImageHandle RenderFrame(StyleContext& context, PhaserState& state, int frame) {
@@ -278,7 +329,7 @@ ImageHandle RenderFrame(StyleContext& context, PhaserState& state, int frame) {
             const PhaserEntry& entry = state.Entries[i];
             if (entry.Frame != frame) continue;
             const raster::Rect box = BeamBox(state, entry);
-            const LockedImage masks(FindMasks(state, entry, box));
+            const platform::LockedBlock<const MaskRow> masks(FindMasks(state, entry, box));
             if (!masks) return nullptr;
             BlendFlash(picture, box, masks, i % kLevels.size(), entry.Color);
         }

@@ -1,9 +1,10 @@
 // Sprites kept for a run, for styles whose sprites come again and again: drawing
-// and shrinking one costs far more than stamping it.
+// and shrinking one costs far more than stamping it. A sprite is a block, be it a
+// picture or what a style makes of one.
 //
-// An open hash table of fixed size. When it is crowded, or its pictures together
+// An open hash table of fixed size. When it is crowded, or its blocks together
 // have more than kMostBytes, everything is dropped and it fills anew: a run's
-// pictures stay bounded, and at worst each sprite is made as often as without it.
+// memory stays bounded, and at worst each sprite is made as often as without it.
 #pragma once
 
 #include <array>
@@ -11,7 +12,6 @@
 #include <cstdint>
 #include <utility>
 
-#include "pipeline/image_buffers.h"
 #include "platform/block_guards.h"
 
 namespace tess {
@@ -24,7 +24,7 @@ public:
     /// Returns the sprite of `key`, made by `make()` when it is not here, or null.
     /// Owned by the store, and there until the next call.
     template <class Make>
-    [[nodiscard]] ImageHandle Find(std::uint64_t key, Make make) {
+    [[nodiscard]] platform::MemoryHandle Find(std::uint64_t key, Make make) {
         std::size_t slot = SlotOf(key);
         if (!slots_[slot].sprite) {
             platform::OwnedBlock sprite(make());

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 
+#include "controls/direction_picker.h"
 #include "controls/spinner.h"
 #include "pipeline/image_buffers.h"
 #include "platform/block_guards.h"
@@ -93,12 +94,6 @@ struct WaveletState {
     platform::WorkArray<WaveletBall> Balls;       // row by row
 };
 
-/// The index that the picker keeps first in its block; 0 before it has a block.
-std::int32_t SelectedDirection(platform::WindowHandle dialog) {
-    const void* block = platform::UserData(platform::Control(dialog, kScroll));
-    return block == nullptr ? 0 : *static_cast<const std::int32_t*>(block);
-}
-
 void ReadPanel(platform::WindowHandle dialog, WaveletState& state) {
     state.Pitch = GetSpinnerValue(dialog, kSize);
     state.Columns = GetSpinnerValue(dialog, kWidth) / state.Pitch;
@@ -106,7 +101,7 @@ void ReadPanel(platform::WindowHandle dialog, WaveletState& state) {
     state.TileWidth = state.Columns * state.Pitch;
     state.TileHeight = state.Rows * state.Pitch;
     state.FrameCount = GetSpinnerValue(dialog, kFrames);
-    state.Reverse = SelectedDirection(dialog) != 0 ? 1 : 0;
+    state.Reverse = SelectedDirection(dialog, kScroll) != 0 ? 1 : 0;
     state.Shading = GetSpinnerValue(dialog, kShade);
     state.Amplitude = static_cast<float>(GetSpinnerValue(dialog, kAmplitude) / 100.0);
     state.Background = platform::ControlNumber(dialog, kBackground, false);

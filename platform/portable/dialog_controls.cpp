@@ -160,6 +160,8 @@ bool IsControlVisible(WindowHandle dialog, int id) {
 
 void FocusControl(WindowHandle, int) {}
 
+void SetControlSize(WindowHandle, int, int, int) {}
+
 void RepaintControl(WindowHandle dialog, int id) {
     if (Window* control = Control(dialog, id)) ++control->repaints;
 }

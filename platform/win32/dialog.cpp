@@ -9,6 +9,7 @@
 #include "platform/control_kinds.h"
 #include "platform/headless_user.h"
 #include "platform/resources.h"
+#include "platform/win32/control_lookup.h"
 #include "platform/win32/dialog_run.h"
 #include "platform/win32/module.h"
 #include "platform/win32/view_table.h"
@@ -97,6 +98,7 @@ std::intptr_t RunTemplate(const DialogTemplate* dialog_template, const char* res
     if (dialog == nullptr) return -1;
     ShowWindow(dialog, SW_HIDE);
     DestroyWindow(dialog);
+    ForgetControls(dialog);
     return run.result;
 }
 
@@ -221,7 +223,7 @@ std::intptr_t SendToWindow(WindowHandle window, std::uint32_t message, std::uint
 }
 
 WindowHandle Control(WindowHandle dialog, int id) {
-    return HandleOf(GetDlgItem(WindowOf(dialog), id));
+    return HandleOf(FindControl(WindowOf(dialog), id));
 }
 
 std::vector<WindowHandle> Children(WindowHandle dialog) {

@@ -9,6 +9,7 @@
 #include "platform/control_kinds.h"
 #include "platform/control_number.h"
 #include "platform/headless_user.h"
+#include "platform/win32/control_lookup.h"
 #include "platform/win32/dialog_run.h"
 #include "platform/win32/view_table.h"
 
@@ -26,7 +27,7 @@ struct Installed {
 std::map<HWND, Installed> installed_controls;
 
 HWND Find(WindowHandle dialog, int id) {
-    return GetDlgItem(WindowOf(dialog), id);
+    return FindControl(WindowOf(dialog), id);
 }
 
 bool IsOfClass(HWND control, const char* window_class) {
@@ -189,6 +190,12 @@ void FocusControl(WindowHandle dialog, int id) {
     if (control == nullptr) return;
     if (DialogRun* run = RunOf(WindowOf(dialog))) run->has_chosen_focus = true;
     SendMessageA(WindowOf(dialog), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+}
+
+void SetControlSize(WindowHandle dialog, int id, int width, int height) {
+    HWND control = Find(dialog, id);
+    if (control == nullptr) return;
+    SetWindowPos(control, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void RepaintControl(WindowHandle dialog, int id) {

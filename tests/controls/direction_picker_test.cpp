@@ -50,6 +50,17 @@ TEST(PickerLayout, CellEndsBeforeItsRightAndBottomEdge) {
     EXPECT_EQ(CellAt("SCRL2D", -1, 0), -1);
 }
 
+TEST(PickerLayout, GridsAreThreeOrTwoCellsWide) {
+    const auto end = [](const char* tag) {
+        const PickerCell cell = CellsEnd(*FindPickerLayout(tag));
+        return std::pair(cell.Left, cell.Top);
+    };
+    EXPECT_EQ(end("SDWDIR"), std::pair(75, 75));
+    EXPECT_EQ(end("SCRL4D"), std::pair(75, 75));
+    EXPECT_EQ(end("SCRL2D"), std::pair(50, 25));
+    EXPECT_EQ(end("SCRLHV"), std::pair(50, 50));
+}
+
 TEST(PickerLayout, OtherTagsHaveNone) {
     EXPECT_EQ(FindPickerLayout("SPNBTN"), nullptr);
     EXPECT_EQ(FindPickerLayout(""), nullptr);

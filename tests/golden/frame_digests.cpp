@@ -60,6 +60,9 @@ int DrawNumber(Run& run, WindowHandle dialog, const StyleParameter& parameter) {
     if (name == "Density") widest = std::min(widest, 48);
     // Skip Intro's frames grow with its wheels and spokes.
     if (parameter.Key == std::string_view("Style014Density")) widest = 3;
+    // Neural Network's Width and Depth count balls, and it has a frame for each of them.
+    const bool counts_balls = std::string_view(parameter.Key).starts_with("Style018");
+    if (counts_balls && (name == "Width" || name == "Depth")) widest = 7;
     return range.minimum + static_cast<int>(Draw(run, static_cast<std::uint32_t>(widest) + 1));
 }
 

@@ -157,5 +157,42 @@ TEST_F(CollectingHostTest, UnusedOpCodeAnswersZero) {
     EXPECT_EQ(host_.Services.HostCall(nullptr, 7, 0, 0), 0);
 }
 
+TEST_F(CollectingHostTest, OpeningAndEndOfATaskAreReported) {
+    std::string log;
+    host_.Reports.Context = &log;
+    host_.Reports.TaskOpening = [](void* context) { *static_cast<std::string*>(context) += "o"; };
+    host_.Reports.TaskClosed = [](void* context) { *static_cast<std::string*>(context) += "c"; };
+    Open();
+    Close(1);
+    Close(1);  // nothing is open any more
+    EXPECT_EQ(log, "oc");
+}
+
+TEST_F(CollectingHostTest, UserIsAskedWhereThereIsOne) {
+    host_.Color = 1;
+    host_.AnswersColor = true;
+    host_.Questions.ChooseColor = [](void*, ColorDialogRecord* record) {
+        record->Color += 5;
+        return true;
+    };
+    ColorDialogRecord record{};
+    record.Color = 3;
+    EXPECT_EQ(CallHost(&host_.Services, nullptr, HostOp::ChooseColor, 0, &record), 1);
+    EXPECT_EQ(record.Color, 8u);
+    host_.Questions.ShowHelp = [](void*, const char*) { return false; };
+    EXPECT_EQ(CallHost(&host_.Services, nullptr, HostOp::ShowHelp, 0, "VORBELx1.HTML"), 0);
+    EXPECT_EQ(host_.HelpTarget, "VORBELx1.HTML");
+}
+
+TEST_F(CollectingHostTest, UserChoosesTheImageInTheOwnersName) {
+    host_.Questions.ChooseImageFile = [](void*, platform::WindowHandle owner, char* path) {
+        std::strcpy(path, owner == nullptr ? "none" : "owned");
+        return true;
+    };
+    char path[kHostPathBytes] = "";
+    EXPECT_EQ(CallHost(&host_.Services, nullptr, HostOp::ChooseImageFile, 77, path), 1);
+    EXPECT_STREQ(path, "owned");
+}
+
 }  // namespace
 }  // namespace tess

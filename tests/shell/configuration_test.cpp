@@ -14,6 +14,11 @@ protected:
         WriteAll(ConfigurationPath(), text);
         ReadConfiguration();
     }
+    static std::string CommentOf(std::size_t length) {
+        std::string comment(length, 'x');
+        comment[0] = ';';
+        return comment;
+    }
     static std::uint32_t ValueOf(std::string_view name) {
         for (const ConfigKey& key : ConfigurationTable()) {
             if (key.Name == name) return *static_cast<std::uint32_t*>(key.Value);
@@ -87,6 +92,94 @@ TEST_F(ConfigurationTest, ShiftReadsNothing) {
 TEST_F(ConfigurationTest, TextIsHeldIn260Bytes) {
     Read("CurrentFileName = " + std::string(400, 'x') + "\n");
     EXPECT_EQ(std::string(CurrentFileName), std::string(260 - 18, 'x'));
+}
+
+TEST_F(ConfigurationTest, EmptyLineSetsTheFirstRowToZero) {
+    Read("MainDither = 1\n\n");
+    EXPECT_EQ(AddDescriptiveCommentBlock, 0u);
+}
+
+TEST_F(ConfigurationTest, LineIsCutAtItsFirstControlCharacter) {
+    std::snprintf(CurrentFileName, sizeof CurrentFileName, "old.qv1");
+    Read("MainDelay\t= 7\nCurrentFileName = new\x1A.qv1\nMainDither = 1\n");
+    EXPECT_EQ(MainDelay, 0u);
+    EXPECT_STREQ(CurrentFileName, "new");
+    EXPECT_EQ(MainDither, 1u);
+}
+
+TEST_F(ConfigurationTest, TextKeepsItsBlanksAndLettersOfAnyAlphabet) {
+    Read("CurrentFileName = = two  words =\xFC.qv1 \n");
+    EXPECT_STREQ(CurrentFileName, "= two  words =\xFC.qv1 ");
+}
+
+TEST_F(ConfigurationTest, NamesAreComparedByteForByte) {
+    Read("maindelay = 7\nMainDelayx = 8\n");
+    EXPECT_EQ(MainDelay, 4u);
+}
+
+TEST_F(ConfigurationTest, WhatIsNoNumberIsZeroAndOtherNumbersAreHeld) {
+    Read("MainDelay = x7\nMainDepth = 12abc\nMainSteps = -3\nMainRolling = 99999999999\n");
+    EXPECT_EQ(MainDelay, 0u);
+    EXPECT_EQ(ValueOf("MainDepth"), 12u);
+    EXPECT_EQ(ValueOf("MainSteps"), 4294967293u);
+    EXPECT_EQ(ValueOf("MainRolling"), 2147483647u);
+}
+
+TEST_F(ConfigurationTest, LineBeyond260BytesIsReadInPieces) {
+    // The comment ends with the buffer: what follows is a line of its own.
+    Read(CommentOf(260) + "MainDelay = 7\n");
+    EXPECT_EQ(MainDelay, 7u);
+    Read(CommentOf(260) + "\n");  // and so is the line end
+    EXPECT_EQ(AddDescriptiveCommentBlock, 0u);
+}
+
+TEST_F(ConfigurationTest, EitherLineEndCountsAsOneCharacter) {
+    for (const char* line_end : {"\n", "\r\n"}) {
+        AddDescriptiveCommentBlock = 1;
+        Read(CommentOf(259) + line_end);
+        EXPECT_EQ(AddDescriptiveCommentBlock, 1u);
+    }
+}
+
+TEST_F(ConfigurationTest, LastLineNeedsNoLineEnd) {
+    Read("MainDelay = 7");
+    EXPECT_EQ(MainDelay, 7u);
+}
+
+TEST_F(ConfigurationTest, EveryRowIsANumberOrAText) {
+    for (const ConfigKey& key : ConfigurationTable())
+        EXPECT_NE(key.IsNumber(), key.IsText()) << key.Name;
+}
+
+TEST_F(ConfigurationTest, EveryReadableRowIsFoundByItsWholeName) {
+    std::string text;
+    std::uint32_t number = 1000;
+    for (const ConfigKey& key : ConfigurationTable())
+        text += std::string(key.Name) + " = " + std::to_string(number++) + "\n";
+    ReadConfigurationText(text);
+    number = 1000;
+    for (const ConfigKey& key : ConfigurationTable()) {
+        const std::uint32_t expected = number++;
+        if (key.IsNumber() && key.IsReadable()) {
+            EXPECT_EQ(*static_cast<std::uint32_t*>(key.Value), expected) << key.Name;
+        }
+    }
+}
+
+TEST_F(ConfigurationTest, EveryNumberOf32BitsReadsBack) {
+    for (const std::uint32_t number : {0u, 0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFFu}) {
+        MainEffect = number;
+        WriteConfiguration();
+        MainEffect = 5;
+        ReadConfiguration();
+        EXPECT_EQ(MainEffect, number);
+    }
+}
+
+TEST_F(ConfigurationTest, ReadingLeavesTheFileAsItWas) {
+    const std::string text = "rubbish\r\n" + CommentOf(1000);
+    Read(text);
+    EXPECT_EQ(ReadAll(ConfigurationPath()), text);
 }
 
 TEST_F(ConfigurationTest, WhatWasWrittenReadsBack) {

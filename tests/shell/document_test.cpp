@@ -1,7 +1,7 @@
 #include "shell/document.h"
 
 #include "controls/spinner.h"
-#include "tests/shell/main_dialog_fixture.h"
+#include "tests/shell/panel_dialog_fixture.h"
 
 namespace tess::test {
 
@@ -13,7 +13,7 @@ constexpr char kHeader[] =
     ";This is a document created by Tessellomatics #1 Plugin by Quorvenstadtholme - do not "
     "edit.\n";
 
-class DocumentTest : public MainDialogTest {
+class DocumentTest : public PanelDialogTest {
 protected:
     /// Reads a document of this text in an open dialog. Returns ReadDocument's answer.
     int ReadIn(WindowHandle dialog, const std::string& text) {
@@ -28,7 +28,9 @@ protected:
     }
 };
 
-TEST_F(DocumentTest, HasItsHeaderThenTheMainDialogsControlsInOrder) {
+// --- The whole main dialog
+
+TEST_F(DocumentTest, HasItsHeaderThenTheMainDialogsControlsInOrderThenEveryStyles) {
     InDialog([&](WindowHandle dialog) {
         const std::string text = WriteFrom(dialog);
         EXPECT_TRUE(text.starts_with(std::string(kHeader) +
@@ -37,12 +39,6 @@ TEST_F(DocumentTest, HasItsHeaderThenTheMainDialogsControlsInOrder) {
                                      "CHKBOX21=1\nCMBBOX58=5\nCMBBOX13=6\n"))
             << text.substr(0, 300);
         EXPECT_TRUE(text.ends_with("\n;End of document\n"));
-    });
-}
-
-TEST_F(DocumentTest, HoldsEveryStylesPlainParameters) {
-    InDialog([&](WindowHandle dialog) {
-        const std::string text = WriteFrom(dialog);
         for (const StyleEntry* style : StyleTable) {
             for (const StyleParameter& parameter : style->Parameters) {
                 if (parameter.Kind != ParameterKind::Spinner) continue;
@@ -56,64 +52,119 @@ TEST_F(DocumentTest, HoldsEveryStylesPlainParameters) {
     });
 }
 
-TEST_F(DocumentTest, WhatWasWrittenReadsBackToTheSameText) {
+TEST_F(DocumentTest, LoadingShowsTheStyleThatItSelectsAndWritesBackTheSameText) {
     InDialog([&](WindowHandle dialog) {
         platform::TypeText(dialog, 604, "99");
+        platform::SetSelection(dialog, kEffectList, 1);
         const std::string first = WriteFrom(dialog);
         platform::TypeText(dialog, 604, "77");
+        platform::SetSelection(dialog, kEffectList, 5);
         EXPECT_EQ(ReadDocument(dialog, PathOf("written.qv1").c_str()), 1);
         EXPECT_EQ(WriteFrom(dialog), first);
-    });
-}
-
-TEST_F(DocumentTest, LoadingShowsTheStyleThatItSelects) {
-    InDialog([&](WindowHandle dialog) {
-        EXPECT_EQ(ReadIn(dialog, std::string(kHeader) + "CMBBOX58=1\n"), 1);
         EXPECT_TRUE(platform::IsControlVisible(dialog, 114));
         EXPECT_FALSE(platform::IsControlVisible(dialog, 604));
         EXPECT_EQ(MainEffect, 1u);
     });
 }
 
+// --- One panel
+
+TEST_F(DocumentTest, ControlsWithoutATagAreNotWritten) {
+    InPanelDialog([&](WindowHandle dialog) {
+        EXPECT_TRUE(WriteFrom(dialog).starts_with(
+            std::string(kHeader) + ";Start of document\nSPNBTN114=128\nSPNBTN116=128\n"));
+    });
+}
+
 TEST_F(DocumentTest, AnyLineEndAndUnknownLinesAreTaken) {
-    InDialog([&](WindowHandle dialog) {
+    InPanelDialog([&](WindowHandle dialog) {
         EXPECT_EQ(ReadIn(dialog, std::string(kHeader) +
                                      "SPNBTN114=200\r\nSPNBTN31999=3\nrubbish\n\nSPNBTN116= =77"),
                   1);
         EXPECT_EQ(platform::ControlText(dialog, 114), "200");
         EXPECT_EQ(platform::ControlText(dialog, 116), "77");
     });
+    EXPECT_EQ(ShownStyles(), 1);
+}
+
+TEST_F(DocumentTest, LineIsCutAtACarriageReturn) {
+    InPanelDialog([&](WindowHandle dialog) {
+        EXPECT_EQ(ReadIn(dialog, std::string(kHeader) + "SPNBTN114=20\r0\n"), 1);
+        EXPECT_EQ(platform::ControlText(dialog, 114), "20");
+    });
+}
+
+TEST_F(DocumentTest, CommentsAndIdsThatAreNotAboveZeroAreSkipped) {
+    InPanelDialog([&](WindowHandle dialog) {
+        const std::string before = WriteFrom(dialog);
+        EXPECT_EQ(ReadIn(dialog, std::string(kHeader) + ";PNBTN114=200\nSPNBTN-114=200\nSPNBTN0=5\n"
+                                                        "SPNBTN4294967410=200\nSPNBTN=114\n"),
+                  1);
+        EXPECT_EQ(WriteFrom(dialog), before);
+    });
 }
 
 TEST_F(DocumentTest, LineWithAnotherTagChangesNothing) {
-    InDialog([&](WindowHandle dialog) {
+    InPanelDialog([&](WindowHandle dialog) {
         EXPECT_EQ(ReadIn(dialog, std::string(kHeader) + "CHKBOX114=200\nspnbtn116=90\n"), 1);
         EXPECT_EQ(platform::ControlText(dialog, 114), "128");
         EXPECT_EQ(platform::ControlText(dialog, 116), "90");
     });
 }
 
-TEST_F(DocumentTest, OtherProgramsFileIsDamagedAndChangesNothing) {
-    InDialog([&](WindowHandle dialog) {
-        EXPECT_EQ(ReadIn(dialog, ";Some other program\nSPNBTN114=200\n"), 0);
-        EXPECT_EQ(platform::ControlText(dialog, 114), "128");
+TEST_F(DocumentTest, LineBeyond8192BytesIsReadInPieces) {
+    InPanelDialog([&](WindowHandle dialog) {
+        // The comment ends with the buffer, and what follows is a line of its own.
+        const std::string comment = ";" + std::string(8191, 'x');
+        EXPECT_EQ(ReadIn(dialog, std::string(kHeader) + comment + "SPNBTN114=200\n" + comment +
+                                     "xSPNBTN116=77\n"),
+                  1);
+        EXPECT_EQ(platform::ControlText(dialog, 114), "200");
+        EXPECT_EQ(platform::ControlText(dialog, 116), "128");
     });
-    EXPECT_EQ(Messages(), std::vector<std::string>{"This file has been damaged."});
+}
+
+TEST_F(DocumentTest, OtherProgramsFileIsDamagedAndChangesNothing) {
+    for (const char* header :
+         {";Some other program\n", ";created by Tessellomatics #1 Plugin\n",
+          ";created by Quorvenstadtholme\n", "\n;Tessellomatics #1 Plugin Quorvenstadtholme\n"}) {
+        InPanelDialog([&](WindowHandle dialog) {
+            EXPECT_EQ(ReadIn(dialog, std::string(header) + "SPNBTN114=200\n"), 0);
+            EXPECT_EQ(platform::ControlText(dialog, 114), "128");
+        });
+        EXPECT_EQ(Messages(), std::vector<std::string>{"This file has been damaged."}) << header;
+        EXPECT_EQ(ShownStyles(), 0);
+    }
+}
+
+TEST_F(DocumentTest, HeaderNeedsTheTwoNamesOnly) {
+    InPanelDialog([&](WindowHandle dialog) {
+        EXPECT_EQ(ReadIn(dialog, "Quorvenstadtholme, Tessellomatics #1 Plugin\nSPNBTN114=200"), 1);
+        EXPECT_EQ(platform::ControlText(dialog, 114), "200");
+    });
 }
 
 TEST_F(DocumentTest, EmptyFileIsCorrect) {
-    InDialog([&](WindowHandle dialog) { EXPECT_EQ(ReadIn(dialog, ""), 1); });
+    InPanelDialog([&](WindowHandle dialog) { EXPECT_EQ(ReadIn(dialog, ""), 1); });
     EXPECT_TRUE(Messages().empty());
 }
 
 TEST_F(DocumentTest, MissingFileAndFolderAreTold) {
-    InDialog([&](WindowHandle dialog) {
+    InPanelDialog([&](WindowHandle dialog) {
         EXPECT_EQ(ReadDocument(dialog, PathOf("missing.qv1").c_str()), 0);
+        EXPECT_EQ(ReadDocument(dialog, PathOf("").c_str()), 0);
         EXPECT_EQ(WriteDocument(dialog, PathOf("missing/x.qv1").c_str()), 0);
     });
     const std::vector<std::string> told{"There has been an error opening the requested file.",
+                                        "There has been an error opening the requested file.",
                                         "There has been an error creating the requested file."};
     EXPECT_EQ(Messages(), told);
+}
+
+TEST_F(DocumentTest, ReadingLeavesTheFileAsItWas) {
+    const std::string text = std::string(kHeader) + "SPNBTN114=5000\r\nrubbish";
+    InPanelDialog([&](WindowHandle dialog) { EXPECT_EQ(ReadIn(dialog, text), 1); });
+    EXPECT_EQ(ReadAll(PathOf("read.qv1")), text);
 }
 
 }  // namespace

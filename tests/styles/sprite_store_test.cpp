@@ -12,15 +12,15 @@ protected:
     /// Finds a sprite that tells its key by its first byte, and counts how often
     /// one is made.
     int Find(std::uint64_t key, std::size_t bytes = 1) {
-        const ImageHandle sprite = store_->Find(key, [&] {
+        const platform::MemoryHandle sprite = store_->Find(key, [&] {
             ++made_;
             return Make(key, bytes);
         });
         const platform::LockedBlock<std::uint8_t> locked(sprite);
         return locked ? *locked.Get() : -1;
     }
-    static ImageHandle Make(std::uint64_t key, std::size_t bytes) {
-        const ImageHandle handle = platform::AllocateBlock(bytes);
+    static platform::MemoryHandle Make(std::uint64_t key, std::size_t bytes) {
+        const platform::MemoryHandle handle = platform::AllocateBlock(bytes);
         const platform::LockedBlock<std::uint8_t> locked(handle);
         if (locked) *locked.Get() = static_cast<std::uint8_t>(key);
         return handle;

@@ -5,8 +5,10 @@
 #include <string_view>
 #include <vector>
 
+#include "controls/direction_picker.h"
 #include "pipeline/image_buffers.h"
 #include "runtime/random.h"
+#include "shell/control_contract.h"
 #include "tests/shell/main_dialog_fixture.h"
 #include "tests/support/image_bytes.h"
 
@@ -24,6 +26,10 @@ protected:
 
     static void Set(platform::WindowHandle dialog, int control, int value) {
         platform::SetControlText(dialog, control, std::to_string(value));
+        const platform::WindowHandle window = platform::Control(dialog, control);
+        if (FindPickerLayout(platform::ControlTag(window)) != nullptr) {
+            platform::SendToWindow(window, ReadControlText, 0, 0);
+        }
     }
 
     /// The style's sample, owned by the caller; null when its Test failed.

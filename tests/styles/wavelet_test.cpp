@@ -27,29 +27,6 @@ enum Control : int {
     kFrames = 767,
 };
 
-/// Gives the scroll picker a selection for a scope.
-class Scrolled {
-public:
-    Scrolled(WindowHandle dialog, std::int32_t selected)
-        : picker_(platform::Control(dialog, kScroll)),
-          before_(platform::UserData(picker_)),
-          block_{selected, {}} {
-        platform::SetUserData(picker_, &block_);
-    }
-    Scrolled(const Scrolled&) = delete;
-    Scrolled& operator=(const Scrolled&) = delete;
-    ~Scrolled() { platform::SetUserData(picker_, before_); }
-
-private:
-    struct Block {
-        std::int32_t Selected;
-        std::uint32_t* Binding;
-    };
-    WindowHandle picker_;
-    void* before_;
-    Block block_;
-};
-
 class WaveletTest : public BallStyleTest {
 protected:
     static constexpr int kTestSeed = 404;
@@ -108,7 +85,7 @@ TEST_F(WaveletTest, StartValuesKeepTheTileAndLargeBallsCutIt) {
 
 TEST_F(WaveletTest, SingleColumnPulsesInStep) {
     InDialog([](WindowHandle dialog) {
-        const Scrolled scrolled(dialog, 0);
+        Set(dialog, kScroll, 0);
         Shrink(dialog, 64, 36, 75);
         const std::vector<Bytes> frames = BuildBytes(Wavelet(), dialog);
         ASSERT_EQ(frames.size(), 16u);
@@ -120,7 +97,7 @@ TEST_F(WaveletTest, SingleColumnPulsesInStep) {
 
 TEST_F(WaveletTest, AmplitudeSetsHowDeepTheWaveCuts) {
     InDialog([](WindowHandle dialog) {
-        const Scrolled scrolled(dialog, 0);
+        Set(dialog, kScroll, 0);
         Shrink(dialog, 64, 36, 50);
         const std::vector<Bytes> weak = BuildBytes(Wavelet(), dialog);
         EXPECT_EQ(weak[0], Picture(36, 1, {255}));
@@ -134,7 +111,7 @@ TEST_F(WaveletTest, AmplitudeSetsHowDeepTheWaveCuts) {
 
 TEST_F(WaveletTest, InTheTroughOfAFullWaveTheBackgroundIsLeft) {
     InDialog([](WindowHandle dialog) {
-        const Scrolled scrolled(dialog, 0);
+        Set(dialog, kScroll, 0);
         Shrink(dialog, 64, 16, 100);  // four columns at 0, 90, 180 and 270 degrees
         const platform::OwnedBlock sample(RenderTest(Wavelet(), dialog));
         const LockedImage image(sample.Get());
@@ -148,7 +125,7 @@ TEST_F(WaveletTest, InTheTroughOfAFullWaveTheBackgroundIsLeft) {
 
 TEST_F(WaveletTest, OneWaveRunsOverTheColumnsAndAllRowsFadeInStep) {
     InDialog([](WindowHandle dialog) {
-        const Scrolled scrolled(dialog, 0);
+        Set(dialog, kScroll, 0);
         Shrink(dialog, 64, 16, 75);
         EXPECT_EQ(SampleBytes(Wavelet(), dialog), Picture(16, 4, {191, 287, 191, 95}));
     });
@@ -157,12 +134,9 @@ TEST_F(WaveletTest, OneWaveRunsOverTheColumnsAndAllRowsFadeInStep) {
 TEST_F(WaveletTest, ReverseWalksTheSameFramesBackwards) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 64, 10, 75);
-        std::vector<Bytes> forward;
-        {
-            const Scrolled scrolled(dialog, 0);
-            forward = BuildBytes(Wavelet(), dialog);
-        }
-        const Scrolled scrolled(dialog, 1);
+        Set(dialog, kScroll, 0);
+        const std::vector<Bytes> forward = BuildBytes(Wavelet(), dialog);
+        Set(dialog, kScroll, 1);
         const std::vector<Bytes> backward = BuildBytes(Wavelet(), dialog);
         EXPECT_EQ(backward[0], forward[15]);  // 337.5 degrees
         EXPECT_EQ(backward[15], forward[0]);
@@ -172,7 +146,7 @@ TEST_F(WaveletTest, ReverseWalksTheSameFramesBackwards) {
 
 TEST_F(WaveletTest, BallsDoNotMoveAndTheirRimLetsTheBackgroundThrough) {
     InDialog([](WindowHandle dialog) {
-        const Scrolled scrolled(dialog, 0);
+        Set(dialog, kScroll, 0);
         Shrink(dialog, 64, 16, 50);
         const platform::OwnedBlock sample(RenderTest(Wavelet(), dialog));
         const LockedImage image(sample.Get());
@@ -198,8 +172,8 @@ TEST_F(WaveletTest, OneColorMakesNoDrawAndSeveralAtLeastOneABall) {
 
 TEST_F(WaveletTest, FirstFrameOfABuildIsTheSample) {
     InDialog([](WindowHandle dialog) {
-        const Bytes sample = SampleBytes(Wavelet(), dialog);
         Set(dialog, kFrames, 16);
+        const Bytes sample = SampleBytes(Wavelet(), dialog);
         EXPECT_EQ(BuildBytes(Wavelet(), dialog)[0], sample);
     });
 }

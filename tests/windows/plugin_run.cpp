@@ -163,8 +163,11 @@ PluginRun::~PluginRun() {
     const bool has_ended = WaitUntil([this] {
         if (!result_.valid()) return true;
         if (result_.wait_for(std::chrono::seconds(0)) == std::future_status::ready) return true;
-        for (HWND window : TopWindows())
-            if (IsWindowEnabled(window)) PostMessageA(window, WM_COMMAND, IDCANCEL, 0);
+        for (HWND window : TopWindows()) {
+            if (!IsWindowEnabled(window)) continue;
+            PostMessageA(window, WM_CANCELMODE, 0, 0);
+            PostMessageA(window, WM_COMMAND, IDCANCEL, 0);
+        }
         return false;
     });
     if (!has_ended) ExitProcess(3);  // the thread cannot be ended

@@ -22,6 +22,8 @@ BITMAPINFOHEADER HeaderOf(int width, int height) {
 
 WindowPicture::WindowPicture(HWND window) {
     RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    // A window of another thread may have begun to paint by itself: this waits for it.
+    SendMessageA(window, WM_NULL, 0, 0);
     GdiFlush();
     RECT box;
     GetClientRect(window, &box);

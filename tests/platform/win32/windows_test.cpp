@@ -55,6 +55,21 @@ TEST_F(Windows, ClonesAreWhereTheirOriginalsWereAndLikeThem) {
     });
 }
 
+TEST_F(Windows, ControlThatWentIsNotFoundAgain) {
+    WithMainDialog([](WindowHandle dialog) {
+        HWND first = WindowOf(platform::Control(dialog, 26));
+        ASSERT_NE(first, nullptr);
+        DestroyWindow(first);
+        EXPECT_EQ(platform::Control(dialog, 26), nullptr);
+        HWND second = CreateWindowExA(0, "STATIC", "Wait:", WS_CHILD, 0, 0, 9, 9, WindowOf(dialog),
+                                      reinterpret_cast<HMENU>(26), nullptr, nullptr);
+        EXPECT_EQ(platform::Control(dialog, 26), platform::HandleOf(second));
+        SetWindowLongPtrA(second, GWLP_ID, 27);
+        EXPECT_EQ(platform::Control(dialog, 26), nullptr);
+        EXPECT_EQ(platform::Control(dialog, 27), platform::HandleOf(second));
+    });
+}
+
 TEST_F(Windows, CloneOfAComboBoxHasRoomForItsList) {
     WithMainDialog([](WindowHandle dialog) {
         ASSERT_EQ(platform::ClonePanel(7407, dialog), 1);
