@@ -19,7 +19,8 @@ constexpr FountainMarker kSevenColors[] = {0x20FF0000, 0x40FFFF00, 0x6000FF00, 0
                                            0xA00000FF, 0xC0FF00FF, 0xE0CC0099};
 
 int MarkersInUse(const Fountain& fountain) {
-    return std::clamp(fountain.Count, 0, kFountainMarkers);
+    // A copy, since a reference into a packed record may not be aligned.
+    return std::clamp(std::int32_t{fountain.Count}, 0, kFountainMarkers);
 }
 
 template <std::size_t Count>

@@ -18,6 +18,7 @@
 #include "shell/configuration.h"
 #include "shell/main_dialog.h"
 #include "shell/style_table.h"
+#include "tests/support/scratch_folder.h"
 
 namespace tess::test {
 
@@ -48,10 +49,6 @@ private:
 class MainDialogTest : public testing::Test {
 protected:
     MainDialogTest() {
-        folder_ = std::filesystem::temp_directory_path() /
-                  (std::string("tessellomatics-") +
-                   testing::UnitTest::GetInstance()->current_test_info()->name());
-        std::filesystem::remove_all(folder_);
         std::filesystem::create_directories(folder_ / "Quorvenstadtholme" / "Tessellomatics 1");
         platform::SetUserFolder(folder_.string());
         calls_ = &host_calls;
@@ -62,7 +59,6 @@ protected:
         platform::SetHeadlessUser(nullptr, nullptr);
         platform::HoldShift(false);
         platform::SetUserFolder("");
-        std::filesystem::remove_all(folder_);
     }
 
     /// Opens the dialog, lets `act` work in it once, cancels. Returns what the
@@ -124,7 +120,8 @@ private:
     inline static std::int64_t chooser_color = -1;
 
     KeptConfiguration kept_;
-    std::filesystem::path folder_;
+    ScratchFolder scratch_;
+    std::filesystem::path folder_ = scratch_.Path();
     std::function<void(platform::WindowHandle)> act_;
     std::vector<std::string> messages_;
     std::vector<std::int64_t>* calls_;
