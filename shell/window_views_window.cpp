@@ -1,4 +1,5 @@
 #include "controls/direction_picker.h"
+#include "controls/number_edit.h"
 #include "controls/skinned_button.h"
 #include "shell/about_dialog.h"
 #include "shell/dialog_view.h"
@@ -9,6 +10,7 @@ namespace tess {
 
 void InstallWindowViews() {
     InstallDirectionPickerView();
+    InstallNumberEditView();
     InstallSkinnedButtonView();
     InstallMessageBoxViews();
     InstallMainDialogView();

@@ -49,7 +49,7 @@ TEST(Values, PlainNamesForgetCaseAndPunctuation) {
 
 TEST(Values, ShownTextIsOneShortLine) {
     EXPECT_EQ(ShownText("a\nb"), "'a?b'");
-    EXPECT_EQ(ShownText(std::string(61, 'x')), "'" + std::string(60, 'x') + "...'");
+    EXPECT_EQ(ShownText(std::string(61, 'x')), std::string("'").append(60, 'x').append("...'"));
 }
 
 TEST(Values, ColorTextIsReadBack) {
