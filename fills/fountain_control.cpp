@@ -5,6 +5,7 @@
 #include <string>
 
 #include "controls/control_line.h"
+#include "controls/hexadecimal.h"
 #include "platform/files.h"
 #include "platform/keyboard.h"
 #include "shell/control_contract.h"
@@ -91,35 +92,9 @@ std::intptr_t Save(WindowHandle control, std::FILE* stream) {
     if (!fountain) return 0;
     const Fountain stored = StoredForm(*fountain.Get());
     std::fprintf(stream, "%s%d=", kFountainTag, platform::ControlId(control));
-    const auto* bytes = reinterpret_cast<const unsigned char*>(&stored);
-    for (std::size_t i = 0; i < sizeof stored; ++i)
-        std::fprintf(stream, "%02X", bytes[i]);
+    WriteHexadecimal({reinterpret_cast<const std::uint8_t*>(&stored), sizeof stored}, stream);
     std::fputc('\n', stream);
     return 1;
-}
-
-/// The value of a hexadecimal digit, -1 for another character.
-int DigitValue(char digit) {
-    if (digit >= '0' && digit <= '9') return digit - '0';
-    if (digit >= 'A' && digit <= 'F') return digit - 'A' + 10;
-    if (digit >= 'a' && digit <= 'f') return digit - 'a' + 10;
-    return -1;
-}
-
-/// Reads pairs of hexadecimal digits over a zeroed record until the text or the
-/// record ends. Returns false at any other character.
-bool ReadHexadecimal(const char* text, Fountain* fountain) {
-    auto* bytes = reinterpret_cast<unsigned char*>(fountain);
-    for (std::size_t i = 0; i < sizeof *fountain && *text != '\0'; ++i) {
-        const int high = DigitValue(text[0]);
-        if (high < 0) return false;
-        if (text[1] == '\0') return true;
-        const int low = DigitValue(text[1]);
-        if (low < 0) return false;
-        bytes[i] = static_cast<unsigned char>(high << 4 | low);
-        text += 2;
-    }
-    return true;
 }
 
 std::intptr_t Load(WindowHandle control, const char* line) {
@@ -128,7 +103,9 @@ std::intptr_t Load(WindowHandle control, const char* line) {
     OwnedBlock block(platform::AllocateBlock(sizeof(Fountain)));
     {
         const LockedFountain fountain(block.Get());
-        if (!fountain || !ReadHexadecimal(value, fountain)) return 1;
+        if (!fountain) return 1;
+        auto* bytes = reinterpret_cast<std::uint8_t*>(fountain.Get());
+        if (!ReadHexadecimal(value, {bytes, sizeof(Fountain)})) return 1;
         fountain->Preview = nullptr;
     }
     ReplaceRecord(control, block.Release());

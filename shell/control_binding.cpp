@@ -4,6 +4,7 @@
 
 #include "controls/direction_picker.h"
 #include "fills/fountain_control.h"
+#include "fills/record_control.h"
 #include "platform/dialog.h"
 #include "platform/resources.h"
 #include "shell/control_contract.h"
@@ -34,7 +35,7 @@ void BindParameter(platform::WindowHandle dialog, StyleParameter& parameter) {
         case ParameterKind::ScrollHv:
             return BindDirectionPicker(dialog, parameter.ControlId, kScrollHvTag, &parameter.Value);
         case ParameterKind::Matrix:
-            return;
+            return BindMatrixControl(dialog, parameter.ControlId, parameter.Value);
         case ParameterKind::Fountain:
             return BindFountainButton(dialog, parameter.ControlId, parameter.Detail);
     }

@@ -1,0 +1,36 @@
+#include "controls/hexadecimal.h"
+
+namespace tess {
+
+namespace {
+
+/// The value of a hexadecimal digit, -1 for another character.
+int DigitValue(char digit) {
+    if (digit >= '0' && digit <= '9') return digit - '0';
+    if (digit >= 'A' && digit <= 'F') return digit - 'A' + 10;
+    if (digit >= 'a' && digit <= 'f') return digit - 'a' + 10;
+    return -1;
+}
+
+}  // namespace
+
+void WriteHexadecimal(std::span<const std::uint8_t> bytes, std::FILE* stream) {
+    for (const std::uint8_t byte : bytes)
+        std::fprintf(stream, "%02X", static_cast<unsigned>(byte));
+}
+
+bool ReadHexadecimal(const char* text, std::span<std::uint8_t> bytes) {
+    for (std::uint8_t& byte : bytes) {
+        if (text[0] == '\0') return true;
+        const int high = DigitValue(text[0]);
+        if (high < 0) return false;
+        if (text[1] == '\0') return true;
+        const int low = DigitValue(text[1]);
+        if (low < 0) return false;
+        byte = static_cast<std::uint8_t>(high << 4 | low);
+        text += 2;
+    }
+    return true;
+}
+
+}  // namespace tess
