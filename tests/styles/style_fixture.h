@@ -9,13 +9,44 @@
 #include "pipeline/image_buffers.h"
 #include "runtime/random.h"
 #include "shell/control_contract.h"
-#include "tests/shell/main_dialog_fixture.h"
+#include "tests/shell/panel_dialog_fixture.h"
 #include "tests/support/image_bytes.h"
 
 namespace tess::test {
 
-class StyleTest : public MainDialogTest {
+class StyleTest : public PanelDialogTest {
 protected:
+    /// Opens a dialog with the panel of the style that the test case is named after,
+    /// or with all panels for another name.
+    void InDialog(const std::function<void(platform::WindowHandle)>& act) {
+        std::string wanted =
+            testing::UnitTest::GetInstance()->current_test_info()->test_suite_name();
+        wanted.resize(wanted.size() - std::string_view("Test").size());
+        std::vector<int> styles;
+        for (int i = 0; i < kStyleCount; ++i) {
+            if (PlainLetters(StyleTable[i]->Name) == PlainLetters(wanted)) styles = {i};
+        }
+        if (styles.empty()) {
+            for (int i = 0; i < kStyleCount; ++i)
+                styles.push_back(i);
+        }
+        InPanelDialog(
+            [&act](platform::WindowHandle dialog) {
+                Set(dialog, kDelayEdit, 4);
+                act(dialog);
+            },
+            styles);
+    }
+
+    /// A name's letters alone, small: "Phasers on Stun" as "phasersonstun".
+    static std::string PlainLetters(std::string_view name) {
+        std::string letters;
+        for (const char letter : name) {
+            if (letter != ' ') letters += static_cast<char>(letter | 0x20);
+        }
+        return letters;
+    }
+
     static const StyleEntry& Style(std::string_view name) {
         for (const StyleEntry* style : StyleTable) {
             if (style->Name == name) return *style;
