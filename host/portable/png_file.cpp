@@ -10,7 +10,7 @@
 //
 // Rows are one zlib stream a frame. A true-colour row takes the filter of the five
 // whose bytes, taken as signed, have the least sum of magnitudes; an indexed row is
-// left unfiltered, as the specification advises.
+// left unfiltered, as the format's own text advises.
 #include "host/png_file.h"
 
 #include <algorithm>
