@@ -36,7 +36,7 @@ enum class ParameterKind {
     Scroll2,
     ScrollHv,
     Fountain,  ///< `Detail`: the item's name; no key
-    Matrix,    ///< no key
+    Matrix,    ///< the element of a tile's group
 };
 
 /// One parameter of a style: its row is the only place where it is declared.
