@@ -1,6 +1,7 @@
 #include "platform/file_system.h"
 
 #include <windows.h>
+#include <shellapi.h>
 #include <shlobj.h>
 
 #include "platform/files.h"
