@@ -10,7 +10,6 @@
 #include "platform/win32/views.h"
 #include "shell/configuration.h"
 #include "shell/control_contract.h"
-#include "shell/dialog_view.h"
 #include "shell/logo.h"
 #include "shell/main_dialog.h"
 
@@ -100,7 +99,7 @@ bool PaintItem(HWND dialog, const DRAWITEMSTRUCT& item) {
     return true;
 }
 
-bool ViewMainDialog(HWND window, UINT message, WPARAM w, LPARAM l, LRESULT* result) {
+bool ViewMainDialog(HWND window, UINT message, WPARAM w, LPARAM l, LRESULT*) {
     const platform::WindowHandle dialog = HandleOf(window);
     StepLogo(dialog, kLogo, w);
     switch (message) {
@@ -115,7 +114,7 @@ bool ViewMainDialog(HWND window, UINT message, WPARAM w, LPARAM l, LRESULT* resu
         default:
             break;
     }
-    return AnswerWithBackground(dialog, message, w, l, result);
+    return false;
 }
 
 }  // namespace
