@@ -1,6 +1,8 @@
 #include "controls/direction_picker.h"
 #include "controls/number_edit.h"
 #include "controls/skinned_button.h"
+#include "fills/matrix_control.h"
+#include "fills/matrix_dialog.h"
 #include "shell/about_dialog.h"
 #include "shell/dialog_view.h"
 #include "shell/main_dialog.h"
@@ -12,7 +14,9 @@ void InstallWindowViews() {
     InstallDirectionPickerView();
     InstallNumberEditView();
     InstallSkinnedButtonView();
-    InstallMessageBoxViews();
+    InstallMatrixControlView();
+    InstallMatrixDialogView();
+    InstallDialogBackground();
     InstallMainDialogView();
     InstallAboutView();
 }
