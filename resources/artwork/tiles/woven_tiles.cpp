@@ -169,14 +169,8 @@ Color PaintQuilt(double x, double y) {
     constexpr double kWidth = 48, kHeight = 64;
     const auto height = [](double px, double py) {
         const double u = px / kWidth, v = py / kHeight;
-        const double a = std::fabs(Nearest(u + v, 1.0)), b = std::fabs(Nearest(u - v, 1.0));
-        const double seam = a < b ? a : b;
-        const double dx = Nearest(u, 1.0), dy = Nearest(v, 1.0);
-        const double ex = Nearest(u - 0.5, 1.0), ey = Nearest(v - 0.5, 1.0);
-        const double one = std::sqrt(dx * dx + dy * dy), other = std::sqrt(ex * ex + ey * ey);
-        const double button = one < other ? one : other;
-        const double fold = SmoothStep(0, 0.5, seam * 2);
-        return 4.2 * fold + 5.5 * SmoothStep(0, 0.55, button);
+        const double pillow = std::fabs(Sine(kPi * (u + v)) * Sine(kPi * (u - v)));
+        return 8.5 * std::sqrt(pillow);
     };
     const double u = x / kWidth, v = y / kHeight;
     const double dx = Nearest(u, 1.0) * kWidth, dy = Nearest(v, 1.0) * kHeight;
