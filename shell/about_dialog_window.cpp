@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include "controls/dialog_view.h"
 #include "platform/win32/views.h"
 #include "shell/about_dialog.h"
 #include "shell/logo.h"

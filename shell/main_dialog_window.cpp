@@ -6,6 +6,7 @@
 #include <string>
 
 #include "controls/color_button.h"
+#include "controls/dialog_view.h"
 #include "pipeline/image_painting.h"
 #include "platform/win32/views.h"
 #include "shell/configuration.h"

@@ -1,10 +1,10 @@
+#include "controls/dialog_view.h"
 #include "controls/direction_picker.h"
 #include "controls/number_edit.h"
 #include "controls/skinned_button.h"
 #include "fills/matrix_control.h"
 #include "fills/matrix_dialog.h"
 #include "shell/about_dialog.h"
-#include "shell/dialog_view.h"
 #include "shell/main_dialog.h"
 #include "shell/window_views.h"
 
