@@ -2,6 +2,9 @@
 #include "controls/direction_picker.h"
 #include "controls/number_edit.h"
 #include "controls/skinned_button.h"
+#include "fills/fountain_control.h"
+#include "fills/fountain_library_dialog.h"
+#include "fills/marker_position_dialog.h"
 #include "shell/about_dialog.h"
 #include "shell/main_dialog.h"
 #include "shell/window_views.h"
@@ -12,7 +15,10 @@ void InstallWindowViews() {
     InstallDirectionPickerView();
     InstallNumberEditView();
     InstallSkinnedButtonView();
+    InstallFountainButtonView();
     InstallMessageBoxViews();
+    InstallMarkerPositionView();
+    InstallFountainLibraryView();
     InstallMainDialogView();
     InstallAboutView();
 }
