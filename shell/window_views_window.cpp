@@ -2,6 +2,8 @@
 #include "controls/direction_picker.h"
 #include "controls/number_edit.h"
 #include "controls/skinned_button.h"
+#include "fills/fountain_control.h"
+#include "fills/fountain_library_dialog.h"
 #include "shell/about_dialog.h"
 #include "shell/main_dialog.h"
 #include "shell/window_views.h"
@@ -13,6 +15,8 @@ void InstallWindowViews() {
     InstallNumberEditView();
     InstallSkinnedButtonView();
     InstallDialogBackground();
+    InstallFountainButtonView();
+    InstallFountainLibraryView();
     InstallMainDialogView();
     InstallAboutView();
 }

@@ -165,8 +165,10 @@ constexpr CommandRow kCommands[] = {
      RunGallery},
     {"check", kCheckBit, "FILE", 1, 1, "Measure how smoothly a GIF joins itself.",
      "Compares the step from the right edge to the left, from the bottom to the top and from the "
-     "last frame to the first with the steps inside, in any GIF. A join that is half as rough again as "
-     "the roughest step inside, and more than one level of 255 rougher, is a seam, and then the exit "
+     "last frame to the first with the steps inside, in any GIF. A join that is half as rough "
+     "again as "
+     "the roughest step inside, and more than one level of 255 rougher, is a seam, and then the "
+     "exit "
      "status is 1.",
      RunCheck},
 };
