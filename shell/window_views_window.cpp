@@ -4,6 +4,8 @@
 #include "controls/skinned_button.h"
 #include "fills/fountain_control.h"
 #include "fills/fountain_library_dialog.h"
+#include "fills/matrix_control.h"
+#include "fills/matrix_dialog.h"
 #include "shell/about_dialog.h"
 #include "shell/main_dialog.h"
 #include "shell/window_views.h"
@@ -14,6 +16,8 @@ void InstallWindowViews() {
     InstallDirectionPickerView();
     InstallNumberEditView();
     InstallSkinnedButtonView();
+    InstallMatrixControlView();
+    InstallMatrixDialogView();
     InstallDialogBackground();
     InstallFountainButtonView();
     InstallFountainLibraryView();
