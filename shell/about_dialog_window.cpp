@@ -1,8 +1,8 @@
 #include <windows.h>
 
+#include "controls/dialog_view.h"
 #include "platform/win32/views.h"
 #include "shell/about_dialog.h"
-#include "shell/dialog_view.h"
 #include "shell/logo.h"
 
 namespace tess {

@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "controls/control_line.h"
+#include "controls/dialog_background.h"
 #include "pipeline/remapping.h"
 #include "platform/clock.h"
 #include "platform/files.h"
@@ -38,7 +39,6 @@ std::uint32_t MainMaskBackground = 1;
 std::uint32_t MainPalette = 6;
 std::uint32_t MainSupercompress = 0;
 std::uint32_t SampleWindowKeyLine = 0;
-std::uint32_t SolidBackground = 1;
 std::uint32_t Truecolour = 1;
 
 namespace {

@@ -6,11 +6,11 @@
 #include <string>
 
 #include "controls/color_button.h"
+#include "controls/dialog_view.h"
 #include "pipeline/image_painting.h"
 #include "platform/win32/views.h"
 #include "shell/configuration.h"
 #include "shell/control_contract.h"
-#include "shell/dialog_view.h"
 #include "shell/logo.h"
 #include "shell/main_dialog.h"
 
