@@ -1,5 +1,7 @@
 #include "host/json_writer.h"
 
+#include <charconv>
+
 namespace tess {
 
 void JsonWriter::BeginObject() {
@@ -25,6 +27,15 @@ void JsonWriter::Text(std::string_view value) {
 void JsonWriter::Number(std::int64_t value) {
     BeginValue();
     std::fprintf(stream_, "%lld", static_cast<long long>(value));
+}
+
+void JsonWriter::Real(double value) {
+    char text[400];
+    // Not by a format of the C library, whose point follows the user's language.
+    const std::to_chars_result end =
+        std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, 2);
+    BeginValue();
+    std::fwrite(text, 1, static_cast<std::size_t>(end.ptr - text), stream_);
 }
 
 void JsonWriter::Boolean(bool value) {
