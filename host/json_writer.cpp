@@ -1,7 +1,5 @@
 #include "host/json_writer.h"
 
-#include <charconv>
-
 namespace tess {
 
 void JsonWriter::BeginObject() {
@@ -29,13 +27,9 @@ void JsonWriter::Number(std::int64_t value) {
     std::fprintf(stream_, "%lld", static_cast<long long>(value));
 }
 
-void JsonWriter::Real(double value) {
-    char text[400];
-    // Not by a format of the C library, whose point follows the user's language.
-    const std::to_chars_result end =
-        std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, 2);
+void JsonWriter::Decimal(double value) {
     BeginValue();
-    std::fwrite(text, 1, static_cast<std::size_t>(end.ptr - text), stream_);
+    std::fprintf(stream_, "%.3f", value);
 }
 
 void JsonWriter::Boolean(bool value) {

@@ -20,6 +20,7 @@
 
 #include "controls/control_line.h"
 #include "controls/dialog_background.h"
+#include "fills/matrix_group_file.h"
 #include "fills/texture_group_file.h"
 #include "pipeline/remapping.h"
 #include "platform/clock.h"
@@ -58,9 +59,8 @@ std::uint32_t ShowFileOpenPreview = 1;
 std::uint32_t UpdateDelay = 1000;
 std::uint32_t VersionNumber = 512;
 
-// The group files that the texture and tile dialogs open.
+static_assert(kMatrixGroupFileBytes == kBoundTextBytes);
 static_assert(kTextureGroupFileBytes == kBoundTextBytes);
-char MatrixLibrary[kBoundTextBytes] = "vorbelx1.mtx";
 
 constexpr ConfigKey kGeneralKeys[] = {
     {"AddDescriptiveCommentBlock", &AddDescriptiveCommentBlock, kNumberKey},
@@ -80,7 +80,7 @@ constexpr ConfigKey kGeneralKeys[] = {
     {"MainRolling", &MainRolling, kNumberKey},
     {"MainSteps", &MainSteps, kNumberKey},
     {"MainSupercompress", &MainSupercompress, kNumberKey},
-    {"MatrixLibrary", MatrixLibrary, kTextKey},
+    {"MatrixLibrary", MatrixGroupFile, kTextKey},
     {"MatrixDefaultTile", MatrixDefaultTile, kTextKey},
     {"OpenPath", OpenPath, kTextKey},
     {"PatchLevel", &PatchLevel, kNumberKey | kWriteOnlyKey},

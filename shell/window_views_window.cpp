@@ -12,7 +12,7 @@ void InstallWindowViews() {
     InstallDirectionPickerView();
     InstallNumberEditView();
     InstallSkinnedButtonView();
-    InstallMessageBoxViews();
+    InstallDialogBackground();
     InstallMainDialogView();
     InstallAboutView();
 }

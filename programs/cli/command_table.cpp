@@ -178,6 +178,14 @@ constexpr CommandRow kCommands[] = {
      "the program, 'vorbelx1', which is also the default, or the path of a .fft file. ITEM is the "
      "name of a texture or its index.",
      RunTexture},
+    {"check", kCheckBit, "FILE", 1, 1, "Measure how smoothly a GIF joins itself.",
+     "Compares the step from the right edge to the left, from the bottom to the top and from the "
+     "last frame to the first with the steps inside, in any GIF. A join that is half as rough "
+     "again as "
+     "the roughest step inside, and more than one level of 255 rougher, is a seam, and then the "
+     "exit "
+     "status is 1.",
+     RunCheck},
 };
 
 constexpr OptionRow kOptions[] = {
@@ -244,7 +252,7 @@ constexpr OptionRow kOptions[] = {
      "1 to 65535. Default: 4.", ApplyDelay, "a number from 1 to 65535"},
     {"size", 0, "WxH", kTextureBit, "Render at that many pixels.",
      "1x1 to 4096x4096. Default: 128x128.", ApplySize, "WIDTHxHEIGHT, each 1 to 4096"},
-    {"json", 0, nullptr, kStylesBit | kParamsBit | kDocumentBit | kTextureBit,
+    {"json", 0, nullptr, kStylesBit | kParamsBit | kDocumentBit | kCheckBit | kTextureBit,
      "Write JSON, for programs.", "", ApplyJson, nullptr},
     {"quiet", 'q', nullptr, kAllCommands, "Show no progress.", "", ApplyQuiet, nullptr},
     {"help", 'h', nullptr, kAllCommands, "Show help and end.", "", ApplyHelp, nullptr},

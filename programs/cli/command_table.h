@@ -21,7 +21,8 @@ enum CommandBit : unsigned {
     kDocumentBit = 128,
     kGalleryBit = 256,
     kTextureBit = 512,
-    kAllCommands = 1023,
+    kCheckBit = 8192,
+    kAllCommands = 511 | kTextureBit | kCheckBit,
 };
 
 struct CommandRow {

@@ -90,11 +90,11 @@ void WriteSteps(JsonWriter& json, const char* key, const SeamSteps& steps) {
     json.Key("joins");
     json.Boolean(JoinsItself(steps));
     json.Key("seam");
-    json.Real(steps.Seam);
+    json.Decimal(steps.Seam);
     json.Key("mean");
-    json.Real(steps.Mean);
+    json.Decimal(steps.Mean);
     json.Key("largest");
-    json.Real(steps.Largest);
+    json.Decimal(steps.Largest);
     json.EndObject();
 }
 

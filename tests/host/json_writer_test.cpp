@@ -31,16 +31,6 @@ TEST(JsonWriter, MembersStandOnLinesOfTheirOwn) {
               "{\n  \"one\": -1,\n  \"list\": [\n    true,\n    null\n  ]\n}\n");
 }
 
-TEST(JsonWriter, RealNumbersHaveTwoDecimals) {
-    EXPECT_EQ(Written([](JsonWriter& json) {
-                  json.BeginArray();
-                  json.Real(2.5);
-                  json.Real(-0.125);
-                  json.EndArray();
-              }),
-              "[\n  2.50,\n  -0.12\n]\n");
-}
-
 TEST(JsonWriter, EmptyBracketsStayTogether) {
     EXPECT_EQ(Written([](JsonWriter& json) {
                   json.BeginArray();
