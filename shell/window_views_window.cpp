@@ -2,6 +2,8 @@
 #include "controls/direction_picker.h"
 #include "controls/number_edit.h"
 #include "controls/skinned_button.h"
+#include "fills/fountain_control.h"
+#include "fills/fountain_library_dialog.h"
 #include "fills/matrix_control.h"
 #include "fills/matrix_dialog.h"
 #include "shell/about_dialog.h"
@@ -17,6 +19,8 @@ void InstallWindowViews() {
     InstallMatrixControlView();
     InstallMatrixDialogView();
     InstallDialogBackground();
+    InstallFountainButtonView();
+    InstallFountainLibraryView();
     InstallMainDialogView();
     InstallAboutView();
 }

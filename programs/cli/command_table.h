@@ -20,8 +20,9 @@ enum CommandBit : unsigned {
     kConfigBit = 64,
     kDocumentBit = 128,
     kGalleryBit = 256,
+    kTextureBit = 512,
     kCheckBit = 8192,
-    kAllCommands = 511 | kCheckBit,
+    kAllCommands = 511 | kTextureBit | kCheckBit,
 };
 
 struct CommandRow {

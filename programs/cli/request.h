@@ -44,6 +44,10 @@ struct Request {
     DelayUnit HostUnit = DelayUnit::Hundredths;
     std::optional<bool> HostTrueColor;
 
+    // Of `texture`.
+    int Width = 128;
+    int Height = 128;
+
     // Of `encode`.
     int Colors = 0;    ///< wanted for the animation's own palette, 0 for as many as fit
     int Palette = -1;  ///< index of a fixed palette, -1 for the animation's own

@@ -56,6 +56,8 @@ constexpr OptionCase kCases[] = {
     {"dither", "encode", nullptr, [](const Request& r) { return r.Dither; }, nullptr},
     {"supercompress", "encode", nullptr, [](const Request& r) { return r.Supercompress; }, nullptr},
     {"delay", "encode", "0x10", [](const Request& r) { return r.Delay == 16; }, "0"},
+    {"size", "texture", "40x30", [](const Request& r) { return r.Width == 40 && r.Height == 30; },
+     "40"},
     {"json", "styles", nullptr, [](const Request& r) { return r.Json; }, nullptr},
     {"quiet", "styles", nullptr, [](const Request& r) { return r.Quiet; }, nullptr},
     {"help", "build", nullptr, [](const Request& r) { return r.Help; }, nullptr},
