@@ -59,6 +59,22 @@ bool ApplyConfig(Request& request, std::string_view value) {
     return TakeFile(request, value, SettingKind::Configuration);
 }
 
+bool ApplyTile(Request& request, std::string_view value) {
+    return TakeFile(request, value, SettingKind::Tile);
+}
+
+bool ApplyAdd(Request& request, std::string_view value) {
+    request.AddedPictures.emplace_back(value);
+    return !value.empty();
+}
+
+bool ApplyRemove(Request& request, std::string_view value) {
+    int index = 0;
+    if (!TakeNumber(index, value, 0, 0x7FFFFFFF)) return false;
+    request.RemovedTiles.push_back(index);
+    return true;
+}
+
 bool ApplySave(Request& request, std::string_view) {
     request.Saves = true;
     return true;
@@ -171,6 +187,12 @@ constexpr CommandRow kCommands[] = {
      "and writes an index page there that shows each as a page background, with its name and its "
      "command.",
      RunGallery},
+    {"tiles", kTilesBit, "[GROUP [INDEX]]", 0, 2, "List picture tiles, show one, change a group.",
+     "Lists the groups of tiles, or the tiles of a group; with INDEX and -o writes that tile as a "
+     "picture; with --add and --remove changes a group of your own, which is made where there is "
+     "none. GROUP is the name of a group of yours or of one that came with the program, or the "
+     "path of a .mtx file.",
+     RunTiles},
     {"texture", kTextureBit, "[GROUP [ITEM]]", 0, 2, "List textures, or render one.",
      "Lists the textures of a group, or tells whether one of them joins itself, by its kind and as "
      "it is measured; with -o writes its picture. GROUP is a group of yours, the one that came "
@@ -190,7 +212,7 @@ constexpr CommandRow kCommands[] = {
 
 constexpr OptionRow kOptions[] = {
     {"output", 'o', "FILE",
-     kBuildBit | kSampleBit | kEncodeBit | kGalleryBit | kDocumentBit | kTextureBit,
+     kBuildBit | kSampleBit | kEncodeBit | kGalleryBit | kDocumentBit | kTextureBit | kTilesBit,
      "Write the result to FILE.",
      "The ending decides the format. Animations: .gif; .webp, without loss; .png, animated; a name "
      "that ends in / or .bmp, or has no ending, is a folder of .bmp frames as --frames writes it. "
@@ -209,7 +231,8 @@ constexpr OptionRow kOptions[] = {
      "of delay, dither, supercompress, mask-background, custom-palette, palette, true-color, "
      "comment, effect, dither-brightness, dither-contrast, fast-remap. VALUE is a number, decimal "
      "or with 0x; for a colour also #RRGGBB; for a check box also yes or no; for a list also the "
-     "text of a choice. A value out of range is an error.",
+     "text of a choice; for a tile its index in the group, or for its control id the whole record "
+     "in hexadecimal. A value out of range is an error.",
      ApplySet, "KEY=VALUE"},
     {"document", 0, "FILE", kSettingCommands, "Set all that a .qv1 document holds.",
      "Counts in its place among the --set. STYLE, where it is given, goes before the document's.",
@@ -217,6 +240,17 @@ constexpr OptionRow kOptions[] = {
     {"config", 0, "FILE", kSettingCommands, "Set all that a configuration file holds.",
      "Counts in its place among the --set. STYLE, where it is given, goes before the file's.",
      ApplyConfig, "the path of a file"},
+    {"tile", 0, "TILE", kSettingCommands, "Choose the tile of Mural.",
+     "GROUP:INDEX is a tile of a group, as 'tessellomatics tiles' lists them; counts in its place "
+     "among the --set. A picture (.png, .bmp, .ppm) is taken as it is; a document, which names "
+     "tiles by their group, cannot hold one.",
+     ApplyTile, "GROUP:INDEX or the path of a picture"},
+    {"add", 0, "PICTURE", kTilesBit, "Add a picture at the end of the group.",
+     "A .png, .bmp or .ppm of which one side at least has 512 pixels or fewer. May be given many "
+     "times.",
+     ApplyAdd, "the path of a picture"},
+    {"remove", 0, "INDEX", kTilesBit, "Take a tile out of the group.",
+     "May be given many times; all indexes are those of before.", ApplyRemove, "an index"},
     {"save", 0, nullptr, kSettingCommands, "Save the values to the user's configuration.",
      "The next run starts from them, unless --defaults is given. Without it nothing is saved.",
      ApplySave, nullptr},
@@ -252,7 +286,8 @@ constexpr OptionRow kOptions[] = {
      "1 to 65535. Default: 4.", ApplyDelay, "a number from 1 to 65535"},
     {"size", 0, "WxH", kTextureBit, "Render at that many pixels.",
      "1x1 to 4096x4096. Default: 128x128.", ApplySize, "WIDTHxHEIGHT, each 1 to 4096"},
-    {"json", 0, nullptr, kStylesBit | kParamsBit | kDocumentBit | kCheckBit | kTextureBit,
+    {"json", 0, nullptr,
+     kStylesBit | kParamsBit | kDocumentBit | kCheckBit | kTextureBit | kTilesBit,
      "Write JSON, for programs.", "", ApplyJson, nullptr},
     {"quiet", 'q', nullptr, kAllCommands, "Show no progress.", "", ApplyQuiet, nullptr},
     {"help", 'h', nullptr, kAllCommands, "Show help and end.", "", ApplyHelp, nullptr},

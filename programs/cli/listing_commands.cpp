@@ -137,8 +137,9 @@ std::string TakesText(const DialogTemplate* panel, const StyleParameter& paramet
             return choices;
         }
         case ParameterKind::Fountain:
-        case ParameterKind::Matrix:
             return "hexadecimal";
+        case ParameterKind::Matrix:
+            return "a tile's index";
         default:
             return "0 to " + std::to_string(PickerCells(parameter.Kind) - 1);
     }
@@ -151,7 +152,6 @@ std::string StartText(const StyleParameter& parameter) {
         case ParameterKind::CheckBox:
             return parameter.Start != 0 ? "yes" : "no";
         case ParameterKind::Fountain:
-        case ParameterKind::Matrix:
             return "";
         default:
             return std::to_string(parameter.Start);

@@ -16,11 +16,11 @@ inline constexpr int kDone = 0;
 inline constexpr int kFailed = 1;
 inline constexpr int kWrongUse = 2;
 
-enum class SettingKind { Value, Document, Configuration };
+enum class SettingKind { Value, Document, Configuration, Tile };
 
-/// One `--set`, `--document` or `--config`, in the order given.
+/// One `--set`, `--document`, `--config` or `--tile`, in the order given.
 struct Setting {
-    std::string Key;    ///< of a value
+    std::string Key;    ///< of a value; of a tile, once it is found, its group's path
     std::string Value;  ///< of a file its path
     SettingKind Kind = SettingKind::Value;
 };
@@ -43,6 +43,10 @@ struct Request {
     bool StartsAnew = false;  ///< from the values of a new installation
     DelayUnit HostUnit = DelayUnit::Hundredths;
     std::optional<bool> HostTrueColor;
+
+    // Of `tiles`.
+    std::vector<std::string> AddedPictures;
+    std::vector<int> RemovedTiles;
 
     // Of `texture`.
     int Width = 128;

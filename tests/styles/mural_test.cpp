@@ -132,6 +132,15 @@ TEST_F(MuralTest, ATenthOf128PixelsIs13AndDistancesRepeat) {
     });
 }
 
+TEST_F(MuralTest, TileThatResizeLeavesWithoutAPixelFails) {
+    WithTile(4, 4, [](WindowHandle dialog) {
+        Set(dialog, kResize, 10);
+        EXPECT_EQ(RenderTest(Mural(), dialog), nullptr);
+        Set(dialog, kResize, 13);
+        EXPECT_EQ(SampleSize(dialog), (std::pair{1, 1}));
+    });
+}
+
 TEST_F(MuralTest, FullSizeIsNotScaled) {
     WithTile(7, 5, [](WindowHandle dialog) {
         Set(dialog, kResize, 100);
