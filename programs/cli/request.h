@@ -16,11 +16,11 @@ inline constexpr int kDone = 0;
 inline constexpr int kFailed = 1;
 inline constexpr int kWrongUse = 2;
 
-enum class SettingKind { Value, Document, Configuration };
+enum class SettingKind { Value, Document, Configuration, FountainFile };
 
-/// One `--set`, `--document` or `--config`, in the order given.
+/// One `--set`, `--document`, `--config` or `--fountain`, in the order given.
 struct Setting {
-    std::string Key;    ///< of a value
+    std::string Key;    ///< of a value, and of a fountain's file
     std::string Value;  ///< of a file its path
     SettingKind Kind = SettingKind::Value;
 };
@@ -50,6 +50,12 @@ struct Request {
     bool Dither = false;
     bool Supercompress = false;
     int Delay = 4;  ///< in the host's unit
+
+    // Of `fountain`.
+    std::string Library;  ///< path of a library, "" for the user's
+    std::string AddedFountain;
+    bool Removes = false;
+    int PictureWidth = 181, PictureHeight = 30;  ///< as a control shows its strip
 };
 
 }  // namespace tess

@@ -43,6 +43,12 @@ constexpr OptionCase kCases[] = {
                 r.Settings[0].Value == "a.ini";
      },
      ""},
+    {"fountain", "build", "270=a.mtrl",
+     [](const Request& r) {
+         return r.Settings.size() == 1 && r.Settings[0].Kind == SettingKind::FountainFile &&
+                r.Settings[0].Key == "270" && r.Settings[0].Value == "a.mtrl";
+     },
+     "a.mtrl"},
     {"save", "config", nullptr, [](const Request& r) { return r.Saves; }, nullptr},
     {"defaults", "sample", nullptr, [](const Request& r) { return r.StartsAnew; }, nullptr},
     {"host", "preview", "milliseconds",
@@ -57,6 +63,12 @@ constexpr OptionCase kCases[] = {
     {"supercompress", "encode", nullptr, [](const Request& r) { return r.Supercompress; }, nullptr},
     {"delay", "encode", "0x10", [](const Request& r) { return r.Delay == 16; }, "0"},
     {"json", "styles", nullptr, [](const Request& r) { return r.Json; }, nullptr},
+    {"library", "fountain", "a.fll", [](const Request& r) { return r.Library == "a.fll"; }, ""},
+    {"add", "fountain", "#000000,#FFFFFF",
+     [](const Request& r) { return r.AddedFountain == "#000000,#FFFFFF"; }, ""},
+    {"remove", "fountain", nullptr, [](const Request& r) { return r.Removes; }, nullptr},
+    {"size", "fountain", "20x3",
+     [](const Request& r) { return r.PictureWidth == 20 && r.PictureHeight == 3; }, "20x0"},
     {"quiet", "styles", nullptr, [](const Request& r) { return r.Quiet; }, nullptr},
     {"help", "build", nullptr, [](const Request& r) { return r.Help; }, nullptr},
     {"version", "build", nullptr, [](const Request& r) { return r.Version; }, nullptr},
