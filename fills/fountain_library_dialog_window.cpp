@@ -1,6 +1,5 @@
 #include <windows.h>
 
-#include "controls/dialog_view.h"
 #include "fills/fountain_library_dialog.h"
 #include "pipeline/image_painting.h"
 #include "platform/win32/module.h"
@@ -25,13 +24,13 @@ void PaintEntry(const DRAWITEMSTRUCT& item) {
              item.rcItem.top + kLibraryPreviewMargin, entry->Preview);
 }
 
-bool ViewFountainLibrary(HWND window, UINT message, WPARAM w, LPARAM l, LRESULT* result) {
+bool ViewFountainLibrary(HWND, UINT message, WPARAM w, LPARAM l, LRESULT* result) {
     if (message == WM_DRAWITEM && w == kLibraryList) {
         PaintEntry(*reinterpret_cast<const DRAWITEMSTRUCT*>(l));
         *result = TRUE;
         return true;
     }
-    return AnswerWithBackground(platform::HandleOf(window), message, w, l, result);
+    return false;
 }
 
 bool ViewLibraryList(HWND, UINT message, WPARAM w, LPARAM, LRESULT*) {

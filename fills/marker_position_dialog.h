@@ -10,7 +10,4 @@ inline constexpr int kMarkerPositionTemplate = 9996;
 /// Lets the user change `position`; it is held to the range of the dialog's spinner.
 void RunMarkerPositionDialog(platform::WindowHandle owner, int* position);
 
-/// Gives the dialog its background. Windows only.
-void InstallMarkerPositionView();
-
 }  // namespace tess

@@ -20,12 +20,14 @@
 
 #include "controls/control_line.h"
 #include "controls/dialog_background.h"
+#include "fills/matrix_group_file.h"
+#include "fills/texture_group_file.h"
 #include "pipeline/remapping.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/keyboard.h"
+#include "platform/text_lines.h"
 #include "shell/style_table.h"
-#include "shell/text_lines.h"
 
 namespace tess {
 
@@ -57,15 +59,14 @@ std::uint32_t ShowFileOpenPreview = 1;
 std::uint32_t UpdateDelay = 1000;
 std::uint32_t VersionNumber = 512;
 
-// The group files that the texture and tile dialogs open.
-char DefaultTextureFileName[kBoundTextBytes] = "vorbelx1.fft";
-char MatrixLibrary[kBoundTextBytes] = "vorbelx1.mtx";
+static_assert(kMatrixGroupFileBytes == kBoundTextBytes);
+static_assert(kTextureGroupFileBytes == kBoundTextBytes);
 
 constexpr ConfigKey kGeneralKeys[] = {
     {"AddDescriptiveCommentBlock", &AddDescriptiveCommentBlock, kNumberKey},
     {"AccentCompensation", &AccentCompensation, kNumberKey},
     {"CurrentFileName", CurrentFileName, kTextKey},
-    {"DefaultTextureFileName", DefaultTextureFileName, kTextKey},
+    {"DefaultTextureFileName", TextureGroupFile, kTextKey},
     {"DitherBrightness", &DitherBrightness, kNumberKey},
     {"DitherContrast", &DitherContrast, kNumberKey},
     {"FastRemap", &FastRemap, kNumberKey},
@@ -79,7 +80,7 @@ constexpr ConfigKey kGeneralKeys[] = {
     {"MainRolling", &MainRolling, kNumberKey},
     {"MainSteps", &MainSteps, kNumberKey},
     {"MainSupercompress", &MainSupercompress, kNumberKey},
-    {"MatrixLibrary", MatrixLibrary, kTextKey},
+    {"MatrixLibrary", MatrixGroupFile, kTextKey},
     {"MatrixDefaultTile", MatrixDefaultTile, kTextKey},
     {"OpenPath", OpenPath, kTextKey},
     {"PatchLevel", &PatchLevel, kNumberKey | kWriteOnlyKey},
@@ -136,7 +137,7 @@ void ReadLine(char* line) {
     }
 }
 
-void ReadLines(TextLines lines) {
+void ReadLines(platform::TextLines lines) {
     char line[kLineBytes + 1];
     while (lines.Next(line))
         ReadLine(line);
@@ -173,7 +174,7 @@ void WriteConfiguration() {
 int ReadConfigurationFile(const char* path) {
     std::FILE* stream = platform::OpenFile(path, "rb");
     if (stream == nullptr) return 0;
-    ReadLines(TextLines(stream));
+    ReadLines(platform::TextLines(stream));
     const bool is_whole = std::ferror(stream) == 0;
     std::fclose(stream);
     return is_whole ? 1 : 0;
@@ -187,7 +188,7 @@ int WriteConfigurationFile(const char* path) {
 }
 
 void ReadConfigurationText(std::string_view text) {
-    ReadLines(TextLines(text));
+    ReadLines(platform::TextLines(text));
 }
 
 void PrintConfiguration(std::FILE* stream) {

@@ -4,7 +4,8 @@
 #include "controls/skinned_button.h"
 #include "fills/fountain_control.h"
 #include "fills/fountain_library_dialog.h"
-#include "fills/marker_position_dialog.h"
+#include "fills/matrix_control.h"
+#include "fills/matrix_dialog.h"
 #include "shell/about_dialog.h"
 #include "shell/main_dialog.h"
 #include "shell/window_views.h"
@@ -15,9 +16,10 @@ void InstallWindowViews() {
     InstallDirectionPickerView();
     InstallNumberEditView();
     InstallSkinnedButtonView();
+    InstallMatrixControlView();
+    InstallMatrixDialogView();
+    InstallDialogBackground();
     InstallFountainButtonView();
-    InstallMessageBoxViews();
-    InstallMarkerPositionView();
     InstallFountainLibraryView();
     InstallMainDialogView();
     InstallAboutView();

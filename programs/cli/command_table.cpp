@@ -80,14 +80,6 @@ bool ApplyRemove(Request& request, std::string_view) {
     return true;
 }
 
-bool ApplySize(Request& request, std::string_view value) {
-    constexpr int kMost = 16384;
-    const std::size_t cross = value.find('x');
-    if (cross == std::string_view::npos) return false;
-    return TakeNumber(request.PictureWidth, value.substr(0, cross), 1, kMost) &&
-           TakeNumber(request.PictureHeight, value.substr(cross + 1), 1, kMost);
-}
-
 bool ApplySave(Request& request, std::string_view) {
     request.Saves = true;
     return true;
@@ -134,6 +126,14 @@ bool ApplySupercompress(Request& request, std::string_view) {
 
 bool ApplyDelay(Request& request, std::string_view value) {
     return TakeNumber(request.Delay, value, 1, 65535);
+}
+
+bool ApplySize(Request& request, std::string_view value) {
+    constexpr int kLargest = 4096;
+    const std::size_t cross = value.find('x');
+    return cross != std::string_view::npos &&
+           TakeNumber(request.Width, value.substr(0, cross), 1, kLargest) &&
+           TakeNumber(request.Height, value.substr(cross + 1), 1, kLargest);
 }
 
 bool ApplyJson(Request& request, std::string_view) {
@@ -192,6 +192,21 @@ constexpr CommandRow kCommands[] = {
      "and writes an index page there that shows each as a page background, with its name and its "
      "command.",
      RunGallery},
+    {"texture", kTextureBit, "[GROUP [ITEM]]", 0, 2, "List textures, or render one.",
+     "Lists the textures of a group, or tells whether one of them joins itself, by its kind and as "
+     "it is measured; with -o writes its picture. GROUP is a group of yours, the one that came "
+     "with "
+     "the program, 'vorbelx1', which is also the default, or the path of a .fft file. ITEM is the "
+     "name of a texture or its index.",
+     RunTexture},
+    {"check", kCheckBit, "FILE", 1, 1, "Measure how smoothly a GIF joins itself.",
+     "Compares the step from the right edge to the left, from the bottom to the top and from the "
+     "last frame to the first with the steps inside, in any GIF. A join that is half as rough "
+     "again as "
+     "the roughest step inside, and more than one level of 255 rougher, is a seam, and then the "
+     "exit "
+     "status is 1.",
+     RunCheck},
     {"fountain", kFountainBit, "[FOUNTAIN]", 0, 1, "List, show, add and take out fountains.",
      "Without FOUNTAIN lists the fountains of a library by number and colors. FOUNTAIN is such a "
      "number, the path of a control's file, colors such as '#000000,64:#FF0000,#FFFFFF' (the ends, "
@@ -203,7 +218,7 @@ constexpr CommandRow kCommands[] = {
 
 constexpr OptionRow kOptions[] = {
     {"output", 'o', "FILE",
-     kBuildBit | kSampleBit | kEncodeBit | kGalleryBit | kDocumentBit | kFountainBit,
+     kBuildBit | kSampleBit | kEncodeBit | kGalleryBit | kDocumentBit | kTextureBit | kFountainBit,
      "Write the result to FILE.",
      "The ending decides the format. Animations: .gif; .webp, without loss; .png, animated; a name "
      "that ends in / or .bmp, or has no ending, is a folder of .bmp frames as --frames writes it. "
@@ -277,10 +292,11 @@ constexpr OptionRow kOptions[] = {
     {"remove", 0, nullptr, kFountainBit, "Take the entry out of the library.",
      "With -o it is written there first. A library without entries is removed.", ApplyRemove,
      nullptr},
-    {"size", 0, "WIDTHxHEIGHT", kFountainBit, "Make the picture this large.",
-     "Pixels, 1 to 16384 each. Default: 181x30.", ApplySize,
-     "WIDTHxHEIGHT, with numbers from 1 to 16384"},
-    {"json", 0, nullptr, kStylesBit | kParamsBit | kDocumentBit | kFountainBit,
+    {"size", 0, "WxH", kTextureBit | kFountainBit, "Render at that many pixels.",
+     "1x1 to 4096x4096. Default: 128x128 for a texture, 181x30 for a fountain.", ApplySize,
+     "WIDTHxHEIGHT, each 1 to 4096"},
+    {"json", 0, nullptr,
+     kStylesBit | kParamsBit | kDocumentBit | kCheckBit | kTextureBit | kFountainBit,
      "Write JSON, for programs.", "", ApplyJson, nullptr},
     {"quiet", 'q', nullptr, kAllCommands, "Show no progress.", "", ApplyQuiet, nullptr},
     {"help", 'h', nullptr, kAllCommands, "Show help and end.", "", ApplyHelp, nullptr},

@@ -20,8 +20,10 @@ enum CommandBit : unsigned {
     kConfigBit = 64,
     kDocumentBit = 128,
     kGalleryBit = 256,
-    kFountainBit = 512,
-    kAllCommands = 1023,
+    kTextureBit = 512,
+    kFountainBit = 1024,
+    kCheckBit = 8192,
+    kAllCommands = 511 | kTextureBit | kFountainBit | kCheckBit,
 };
 
 struct CommandRow {

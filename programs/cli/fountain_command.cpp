@@ -151,8 +151,10 @@ int Write(const Request& request, const Fountain& fountain) {
         if (WriteFountainFile(request.Output, fountain) != 0) return kDone;
         return Fail(request.Output + ": cannot be written");
     }
-    const platform::OwnedBlock picture(
-        RenderFountainImage(fountain, request.PictureWidth, request.PictureHeight));
+    // As large as a control shows its strip, where the user does not say.
+    const int width = request.Width != 0 ? request.Width : 181;
+    const int height = request.Height != 0 ? request.Height : 30;
+    const platform::OwnedBlock picture(RenderFountainImage(fountain, width, height));
     if (!picture) return Fail("there is not enough memory for the picture");
     return WritePicture(picture.Get(), request.Output);
 }

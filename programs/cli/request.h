@@ -44,6 +44,10 @@ struct Request {
     DelayUnit HostUnit = DelayUnit::Hundredths;
     std::optional<bool> HostTrueColor;
 
+    // Of `texture` and `fountain`: the size of a picture, 0 for the command's own.
+    int Width = 0;
+    int Height = 0;
+
     // Of `encode`.
     int Colors = 0;    ///< wanted for the animation's own palette, 0 for as many as fit
     int Palette = -1;  ///< index of a fixed palette, -1 for the animation's own
@@ -55,7 +59,6 @@ struct Request {
     std::string Library;  ///< path of a library, "" for the user's
     std::string AddedFountain;
     bool Removes = false;
-    int PictureWidth = 181, PictureHeight = 30;  ///< as a control shows its strip
 };
 
 }  // namespace tess

@@ -46,7 +46,7 @@ struct ResourceScript {
     std::vector<Dialog> dialogs;
     std::vector<StringEntry> strings;
     std::vector<DataFile> data;
-    std::vector<DataFile> cursors;  ///< the Windows resource section's alone: no table has them
+    std::vector<DataFile> cursors;   ///< the Windows resource section's alone: no table has them
     std::vector<std::string> files;  ///< every script that was read
 };
 
