@@ -1,0 +1,3 @@
+#include "toolkit/shape_sprites.h"
+
+#include <gtest/gtest.h>
