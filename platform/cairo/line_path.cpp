@@ -49,8 +49,9 @@ private:
     Place along_;
 };
 
-/// An arrow is as long as an equilateral triangle with sides of twice the width is high.
-const double kArrowLength = 2 * std::numbers::sqrt3;
+/// An arrow is an equilateral triangle, twice as high as the line is wide.
+constexpr double kArrowLength = 4;
+constexpr double kArrowHalfBase = kArrowLength * std::numbers::inv_sqrt3;
 
 void AppendEnd(EndPainter& painter, LineCap cap) {
     switch (cap) {
@@ -76,7 +77,8 @@ void AppendEnd(EndPainter& painter, LineCap cap) {
             painter.Figure({{-2, 0}, {0, -2}, {2, 0}, {0, 2}});
             break;
         case LineCap::ArrowAnchor:
-            painter.Figure({{-kArrowLength, -2}, {0, 0}, {-kArrowLength, 2}});
+            painter.Figure(
+                {{-kArrowLength, -kArrowHalfBase}, {0, 0}, {-kArrowLength, kArrowHalfBase}});
             break;
         case LineCap::Flat:
             break;

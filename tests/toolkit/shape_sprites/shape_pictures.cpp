@@ -101,6 +101,10 @@ void WriteLines(Writer& writer) {
         request.LineEndCap = 0;
         writer.Write("line-start-cap-" + std::to_string(cap), request);
     }
+    request = LineFrom({0, 0}, {150, 0}, 40);
+    request.LineCap = kOwnLineCaps;
+    request.LineEndCap = 0x14;
+    writer.Write("line-wide-arrow", request);
     request = LineFrom({0, 0}, {50, 0}, 0);
     writer.Write("line-width-0", request);
     request = LineFrom({20, 20}, {20, 20}, 10);
