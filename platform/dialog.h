@@ -14,6 +14,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/screen.h"
+
 namespace platform {
 
 struct Window;  // never defined: a dialog or a control, a HWND on Windows
@@ -23,17 +25,25 @@ using WindowHandle = Window*;
 inline constexpr std::uint32_t kMessageDestroy = 0x0002;
 inline constexpr std::uint32_t kMessageOpen = 0x0110;     ///< `l`: the parameter of RunDialog
 inline constexpr std::uint32_t kMessageCommand = 0x0111;  ///< `w`: id, and notification << 16
+inline constexpr std::uint32_t kMessageTimer = 0x0113;    ///< `w`: the timer's id
+inline constexpr std::uint32_t kMessageSlider = 0x0114;   ///< `w`: see kSliderReleased
 
 /// Messages of the mouse that a control's procedure gets, with the place in `l`.
+inline constexpr std::uint32_t kMessageMouseMove = 0x0200;
 inline constexpr std::uint32_t kMessageLeftButtonDown = 0x0201;
 inline constexpr std::uint32_t kMessageLeftButtonUp = 0x0202;
+inline constexpr std::uint32_t kMessageLeftDoubleClick = 0x0203;
+inline constexpr std::uint32_t kMessageRightButtonDown = 0x0204;
+inline constexpr std::uint32_t kMessageRightButtonUp = 0x0205;
+inline constexpr std::uint32_t kMessageRightDoubleClick = 0x0206;
 
 /// Notifications of controls, the high half of a command's `w`.
 enum class Notification : std::uint16_t {
-    Clicked = 0,           // a button, or a posted command
-    ListSelected = 1,      // a list box or combo box: the selection changes
-    ComboClosed = 8,       // a combo box: its list closes, the selection stands
-    EditChanged = 0x0300,  // an edit: its text has changed
+    Clicked = 0,            // a button, or a posted command
+    ListSelected = 1,       // a list box or combo box: the selection changes
+    ListDoubleClicked = 2,  // a list box: an item was clicked twice
+    ComboClosed = 8,        // a combo box: its list closes, the selection stands
+    EditChanged = 0x0300,   // an edit: its text has changed
 };
 
 constexpr int CommandId(std::uintptr_t w) {
@@ -49,6 +59,10 @@ constexpr int MouseX(std::intptr_t l) {
 }
 constexpr int MouseY(std::intptr_t l) {
     return static_cast<std::int16_t>((l >> 16) & 0xFFFF);
+}
+constexpr std::intptr_t MousePlace(int x, int y) {
+    return static_cast<std::intptr_t>((static_cast<std::uint32_t>(y) & 0xFFFF) << 16 |
+                                      (static_cast<std::uint32_t>(x) & 0xFFFF));
 }
 
 /// Handles a message of a dialog. Returns nonzero when it did.
@@ -113,6 +127,10 @@ void SetControlText(WindowHandle dialog, int id, std::string_view text);
 /// followed by anything else, or does not fit.
 [[nodiscard]] std::uint32_t ControlNumber(WindowHandle dialog, int id, bool is_signed);
 void SetControlNumber(WindowHandle dialog, int id, std::uint32_t value, bool is_signed);
+/// Lets the user type no more than `characters` into an edit.
+void LimitText(WindowHandle dialog, int id, int characters);
+/// Selects the whole text of an edit.
+void SelectText(WindowHandle dialog, int id);
 
 [[nodiscard]] bool IsChecked(WindowHandle dialog, int id);
 void SetChecked(WindowHandle dialog, int id, bool checked);
@@ -129,6 +147,14 @@ void AddItem(WindowHandle dialog, int id, std::string_view text);
 void SetUpDownRange(WindowHandle dialog, int id, int minimum, int maximum);
 void SetUpDownPosition(WindowHandle dialog, int id, int position);
 
+/// The low half of kMessageSlider's `w` at the end of a movement.
+inline constexpr std::uintptr_t kSliderReleased = 8;
+/// A mark stands at every `tick`th position.
+void SetSliderRange(WindowHandle dialog, int id, int minimum, int maximum, int tick);
+/// Holds the position in the range; tells no one.
+void SetSliderPosition(WindowHandle dialog, int id, int position);
+[[nodiscard]] int SliderPosition(WindowHandle dialog, int id);
+
 void EnableControl(WindowHandle dialog, int id, bool enabled);
 [[nodiscard]] bool IsControlEnabled(WindowHandle dialog, int id);
 void ShowControl(WindowHandle dialog, int id, bool visible);
@@ -137,7 +163,22 @@ void ShowControl(WindowHandle dialog, int id, bool visible);
 void FocusControl(WindowHandle dialog, int id);
 /// Gives a control a size in pixels; its left top corner stays.
 void SetControlSize(WindowHandle dialog, int id, int width, int height);
+/// The size of a control's inside in pixels. Natively that of its box, in the
+/// measure of the dialogs' font, until SetControlSize.
+[[nodiscard]] PixelSize ClientSize(WindowHandle control);
 void RepaintControl(WindowHandle dialog, int id);
+
+// --- The mouse and the clock
+
+/// Gives a control all messages of the mouse until ReleaseMouse.
+void CaptureMouse(WindowHandle control);
+void ReleaseMouse();
+[[nodiscard]] bool HasMouse(WindowHandle control);
+
+/// Sends `window` kMessageTimer every `milliseconds`, from now on; a timer that
+/// runs starts anew. Natively no time passes: the headless user sends the message.
+void StartTimer(WindowHandle window, int timer, int milliseconds);
+void StopTimer(WindowHandle window, int timer);
 
 // --- What a control carries
 

@@ -21,8 +21,6 @@ extern const char* const kPathSeparators;
 /// then both stay as they are.
 [[nodiscard]] int TakePlaceOf(const char* from, const char* to);
 
-void RemoveFile(const char* path);
-
 /// A number that no other running process has.
 [[nodiscard]] unsigned long ProcessNumber();
 

@@ -85,7 +85,7 @@ NewFile::NewFile(std::string_view path, FileMode mode)
 NewFile::~NewFile() {
     if (stream_ == nullptr) return;
     std::fclose(stream_);
-    RemoveFile(temporary_.c_str());
+    RemoveFile(temporary_);
 }
 
 int NewFile::Commit() {
@@ -94,8 +94,29 @@ int NewFile::Commit() {
     const bool is_whole = std::ferror(stream) == 0;
     const bool is_closed = std::fclose(stream) == 0;  // flushes, so it can fail as a write does
     if (is_whole && is_closed && TakePlaceOf(temporary_.c_str(), path_.c_str()) != 0) return 1;
-    RemoveFile(temporary_.c_str());
+    RemoveFile(temporary_);
     return 0;
+}
+
+bool FileExists(std::string_view path) {
+    std::FILE* stream = OpenFile(path, "rb");
+    if (stream == nullptr) return false;
+    std::fclose(stream);
+    return true;
+}
+
+int CopyFileTo(std::string_view from, std::string_view to) {
+    std::FILE* source = OpenFile(from, "rb");
+    if (source == nullptr) return 0;
+    NewFile copy(to, FileMode::Binary);
+    bool is_whole = static_cast<bool>(copy);
+    char bytes[16384];
+    for (std::size_t count; is_whole && (count = std::fread(bytes, 1, sizeof bytes, source)) > 0;) {
+        is_whole = std::fwrite(bytes, 1, count, copy.Stream()) == count;
+    }
+    is_whole = is_whole && std::ferror(source) == 0;
+    std::fclose(source);
+    return is_whole ? copy.Commit() : 0;
 }
 
 std::FILE* OpenFile(std::string_view path, const char* mode) {

@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace platform {
 
@@ -59,6 +60,24 @@ private:
     std::string temporary_;
     std::FILE* stream_;
 };
+
+/// The names of the files in `folder` that end in `extension` (".mtx"), which is
+/// compared without regard to case. Natively by name, on Windows in the folder's order.
+[[nodiscard]] std::vector<std::string> FilesIn(std::string_view folder, std::string_view extension);
+
+[[nodiscard]] bool FileExists(std::string_view path);
+
+/// Puts a copy of `from`, whole or not at all, in the place of `to`, which may exist.
+/// Returns 0 on failure.
+[[nodiscard]] int CopyFileTo(std::string_view from, std::string_view to);
+
+/// Removes a file if it is there.
+void RemoveFile(std::string_view path);
+
+/// Moves a file to where the user can get it back from: the recycle bin, natively
+/// the trash in the user's folder for data. Asks and shows nothing. Returns 0 on
+/// failure; the file then stays.
+[[nodiscard]] int MoveToRecycleBin(std::string_view path);
 
 /// Opens a file as the C library does ("rb", "wb", "r", "w"), with a path in
 /// UTF-8 natively and in the ANSI code page on Windows. Returns null on failure.

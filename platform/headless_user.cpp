@@ -45,8 +45,21 @@ void ChooseItem(WindowHandle dialog, int id, int index) {
     if (IsComboBox(dialog, id)) Notify(dialog, id, Notification::ComboClosed);
 }
 
+void DoubleClickItem(WindowHandle dialog, int id, int index) {
+    if (!IsReachable(dialog, id)) return;
+    ChooseItem(dialog, id, index);
+    Notify(dialog, id, Notification::ListDoubleClicked);
+}
+
+void MoveSlider(WindowHandle dialog, int id, int position) {
+    if (!IsReachable(dialog, id)) return;
+    SetSliderPosition(dialog, id, position);
+    SendToWindow(dialog, kMessageSlider, kSliderReleased,
+                 reinterpret_cast<std::intptr_t>(Control(dialog, id)));
+}
+
 void TypeText(WindowHandle dialog, int id, std::string_view text) {
-    if (IsReachable(dialog, id)) SetControlText(dialog, id, text);
+    if (IsReachable(dialog, id)) SetControlText(dialog, id, text.substr(0, TextLimit(dialog, id)));
 }
 
 }  // namespace platform

@@ -21,6 +21,9 @@ void SetHeadlessUser(UserProcedure user, void* context);
 /// The template that the dialog was made from: its number as text, or its name.
 [[nodiscard]] std::string_view TemplateOf(WindowHandle dialog);
 
+/// The interval of a timer of the window in milliseconds, 0 when it does not run.
+[[nodiscard]] int TimerInterval(WindowHandle window, int timer);
+
 /// How often RepaintControl has been called for the control.
 [[nodiscard]] int RepaintCount(WindowHandle dialog, int id);
 
@@ -31,7 +34,11 @@ void SetHeadlessUser(UserProcedure user, void* context);
 void ClickControl(WindowHandle dialog, int id);
 /// Picks an item of a combo box (and closes its list) or of a list box.
 void ChooseItem(WindowHandle dialog, int id, int index);
-/// Replaces an edit's text.
+/// Clicks an item of a list box twice, which selects it.
+void DoubleClickItem(WindowHandle dialog, int id, int index);
+/// Moves a slider and lets it go.
+void MoveSlider(WindowHandle dialog, int id, int position);
+/// Replaces an edit's text, as far as its limit lets.
 void TypeText(WindowHandle dialog, int id, std::string_view text);
 
 }  // namespace platform

@@ -1,4 +1,4 @@
-// Menus that pop up at the pointer.
+// Menus that pop up.
 #pragma once
 
 #include <span>
@@ -10,11 +10,15 @@ namespace platform {
 struct MenuItem {
     int Id;  ///< not 0
     const char* Text;
+    bool IsChecked = false;
 };
 
-/// Shows the menu and posts the chosen item's id to `owner` as a command. Posts
+/// Shows the menu at the pointer and posts the chosen item's id to `owner` as a command. Posts
 /// nothing when the user chose none.
 void ShowPopupMenu(WindowHandle owner, std::span<const MenuItem> items);
+/// The same with the menu's left top corner at a place in `owner`, in pixels from
+/// its own.
+void ShowPopupMenuAt(WindowHandle owner, std::span<const MenuItem> items, int x, int y);
 
 /// A stand-in for the user, in both builds: called in place of the menu, returns the
 /// id of an item, or 0.

@@ -5,7 +5,14 @@
 
 namespace platform {
 
-/// Asks the real user. Returns the id of an item, or 0; natively always 0.
-[[nodiscard]] int RunPopupMenu(WindowHandle owner, std::span<const MenuItem> items);
+/// Pixels from the left top of the menu's owner.
+struct MenuPlace {
+    int X, Y;
+};
+
+/// Asks the real user, at the pointer where `place` is null. Returns the id of an
+/// item, or 0; natively always 0.
+[[nodiscard]] int RunPopupMenu(WindowHandle owner, std::span<const MenuItem> items,
+                               const MenuPlace* place);
 
 }  // namespace platform

@@ -1,9 +1,9 @@
 #include "shell/about_dialog.h"
 
+#include "controls/help.h"
 #include "controls/skinned_button.h"
 #include "platform/browser.h"
 #include "shell/control_contract.h"
-#include "shell/help.h"
 #include "shell/logo.h"
 #include "shell/module_folder.h"
 

@@ -23,7 +23,6 @@ extern std::uint32_t MainMaskBackground;
 extern std::uint32_t MainPalette;
 extern std::uint32_t MainSupercompress;
 extern std::uint32_t SampleWindowKeyLine;
-extern std::uint32_t SolidBackground;
 extern std::uint32_t Truecolour;
 
 /// Bits of ConfigKey::Flags. Others have no meaning here.

@@ -1,8 +1,8 @@
 #include <windows.h>
 
+#include "controls/dialog_background.h"
 #include "pipeline/image_painting.h"
 #include "platform/win32/views.h"
-#include "shell/configuration.h"
 #include "shell/logo.h"
 
 namespace tess {

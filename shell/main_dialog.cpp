@@ -6,6 +6,7 @@
 #include <string>
 
 #include "controls/current_host.h"
+#include "controls/help.h"
 #include "controls/skinned_button.h"
 #include "controls/spinner.h"
 #include "pipeline/build_driver.h"
@@ -16,7 +17,6 @@
 #include "shell/configuration.h"
 #include "shell/control_contract.h"
 #include "shell/document_commands.h"
-#include "shell/help.h"
 #include "shell/logo.h"
 #include "shell/style_table.h"
 #include "shell/value_controls.h"

@@ -1,8 +1,8 @@
+#include "controls/dialog_view.h"
 #include "controls/direction_picker.h"
 #include "controls/number_edit.h"
 #include "controls/skinned_button.h"
 #include "shell/about_dialog.h"
-#include "shell/dialog_view.h"
 #include "shell/main_dialog.h"
 #include "shell/window_views.h"
 
@@ -12,7 +12,7 @@ void InstallWindowViews() {
     InstallDirectionPickerView();
     InstallNumberEditView();
     InstallSkinnedButtonView();
-    InstallMessageBoxViews();
+    InstallDialogBackground();
     InstallMainDialogView();
     InstallAboutView();
 }

@@ -26,6 +26,7 @@ struct PostedMessage {
     std::intptr_t l;
 };
 std::deque<PostedMessage> queue;
+Window* captured = nullptr;  // the control that has the mouse
 
 WindowKind KindOf(std::string_view window_class) {
     if (window_class == "BUTTON") return WindowKind::Button;
@@ -34,7 +35,14 @@ WindowKind KindOf(std::string_view window_class) {
     if (window_class == "COMBOBOX") return WindowKind::ComboBox;
     if (window_class == "LISTBOX") return WindowKind::ListBox;
     if (window_class == "msctls_updown32") return WindowKind::UpDown;
+    if (window_class == "msctls_trackbar32") return WindowKind::Slider;
     return WindowKind::Other;
+}
+
+/// A control's box in the dialogs' font, whose characters are 6 pixels wide on
+/// average and 13 high.
+PixelSize PixelsOf(const TemplateControl& control) {
+    return {control.width * 6 / 4, control.height * 13 / 8};
 }
 
 /// Runs what is in the queue, until it is empty or `dialog` has ended.
@@ -63,6 +71,7 @@ void Destroy(Window* dialog) {
     SendToWindow(dialog, kMessageDestroy, 0, 0);
     for (const auto& child : dialog->children)
         SendToWindow(child.get(), kMessageDestroy, 0, 0);
+    if (captured != nullptr && captured->parent == dialog) captured = nullptr;
     std::erase_if(queue, [dialog](const PostedMessage& posted) {
         return posted.window == dialog || posted.window->parent == dialog;
     });
@@ -101,6 +110,7 @@ Window* AddControl(Window* dialog, const TemplateControl& control, bool visible)
     window->visible = visible;
     window->enabled = (control.style & kStyleDisabled) == 0;
     window->parent = dialog;
+    window->size = PixelsOf(control);
     dialog->children.push_back(std::move(window));
     return dialog->children.back().get();
 }
@@ -200,6 +210,8 @@ std::string ControlClass(WindowHandle control) {
             return "LISTBOX";
         case WindowKind::UpDown:
             return "MSCTLS_UPDOWN32";
+        case WindowKind::Slider:
+            return "MSCTLS_TRACKBAR32";
         case WindowKind::Dialog:
         case WindowKind::Other:
             return "";
@@ -213,6 +225,32 @@ WindowHandle ParentDialog(WindowHandle control) {
 
 std::string_view TemplateOf(WindowHandle dialog) {
     return dialog == nullptr ? std::string_view() : dialog->template_name;
+}
+
+void CaptureMouse(WindowHandle control) {
+    captured = control;
+}
+
+void ReleaseMouse() {
+    captured = nullptr;
+}
+
+bool HasMouse(WindowHandle control) {
+    return control != nullptr && control == captured;
+}
+
+void StartTimer(WindowHandle window, int timer, int milliseconds) {
+    if (window != nullptr) window->timers[timer] = milliseconds;
+}
+
+void StopTimer(WindowHandle window, int timer) {
+    if (window != nullptr) window->timers.erase(timer);
+}
+
+int TimerInterval(WindowHandle window, int timer) {
+    if (window == nullptr) return 0;
+    const auto found = window->timers.find(timer);
+    return found == window->timers.end() ? 0 : found->second;
 }
 
 WaitCursor::WaitCursor() : previous_(nullptr) {}

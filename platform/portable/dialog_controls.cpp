@@ -1,11 +1,13 @@
 // What a control of the native build shows and carries.
 
 #include <algorithm>
+#include <strings.h>
 
 #include "platform/control_kinds.h"
 #include "platform/control_number.h"
 #include "platform/dialog.h"
 #include "platform/headless_user.h"
+#include "platform/list_box.h"
 #include "platform/portable/window_record.h"
 
 namespace platform {
@@ -36,6 +38,31 @@ void SetText(Window* control, std::string_view text) {
                  reinterpret_cast<std::intptr_t>(control));
 }
 
+void InsertIntoList(Window* control, int index, ListItem item) {
+    control->items.insert(control->items.begin() + index, std::move(item));
+    if (control->selection >= index) ++control->selection;
+}
+
+bool IsSorted(const Window* control) {
+    constexpr std::uint32_t kSortedListBox = 0x0002, kSortedComboBox = 0x0100;
+    return (control->style &
+            (control->kind == WindowKind::ListBox ? kSortedListBox : kSortedComboBox)) != 0;
+}
+
+/// Adds an item at the list's end, or at its place in a sorted one, behind its equals.
+int AddToList(Window* control, ListItem item) {
+    auto place = control->items.end();
+    if (IsSorted(control)) {
+        place = std::upper_bound(control->items.begin(), control->items.end(), item,
+                                 [](const ListItem& a, const ListItem& b) {
+                                     return strcasecmp(a.text.c_str(), b.text.c_str()) < 0;
+                                 });
+    }
+    const auto index = static_cast<int>(place - control->items.begin());
+    InsertIntoList(control, index, std::move(item));
+    return index;
+}
+
 /// The kind of a button, as its style tells it.
 bool IsButton(const Window* control, std::uint32_t kind) {
     constexpr std::uint32_t kKindBits = 0x0F;
@@ -58,7 +85,7 @@ std::string ControlText(WindowHandle dialog, int id) {
     const Window* control = Control(dialog, id);
     if (control == nullptr) return "";
     return IsIndex(control, control->selection) && control->kind == WindowKind::ComboBox
-               ? control->items[static_cast<std::size_t>(control->selection)]
+               ? control->items[static_cast<std::size_t>(control->selection)].text
                : control->text;
 }
 
@@ -109,9 +136,39 @@ void ClearItems(WindowHandle dialog, int id) {
 }
 
 void AddItem(WindowHandle dialog, int id, std::string_view text) {
-    Window* control = Control(dialog, id);
-    if (IsList(control)) control->items.emplace_back(text);
+    if (Window* control = Control(dialog, id); IsList(control))
+        AddToList(control, {std::string(text)});
 }
+
+int AddListItem(WindowHandle dialog, int id, std::string_view text, void* data) {
+    Window* control = Control(dialog, id);
+    return IsList(control) ? AddToList(control, {std::string(text), data}) : -1;
+}
+
+int InsertListItem(WindowHandle dialog, int id, int index, std::string_view text, void* data) {
+    Window* control = Control(dialog, id);
+    if (!IsList(control) || index < 0 || index > ItemCount(dialog, id)) return -1;
+    InsertIntoList(control, index, {std::string(text), data});
+    return index;
+}
+
+void DeleteListItem(WindowHandle dialog, int id, int index) {
+    Window* control = Control(dialog, id);
+    if (!IsIndex(control, index)) return;
+    control->items.erase(control->items.begin() + index);
+    if (control->selection == index) {
+        control->selection = -1;
+    } else if (control->selection > index) {
+        --control->selection;
+    }
+}
+
+void* ListItemData(WindowHandle dialog, int id, int index) {
+    const Window* control = Control(dialog, id);
+    return IsIndex(control, index) ? control->items[static_cast<std::size_t>(index)].data : nullptr;
+}
+
+void SetListItemSize(WindowHandle, int, PixelSize) {}
 
 int ItemCount(WindowHandle dialog, int id) {
     const Window* control = Control(dialog, id);
@@ -120,7 +177,7 @@ int ItemCount(WindowHandle dialog, int id) {
 
 std::string ItemText(WindowHandle dialog, int id, int index) {
     const Window* control = Control(dialog, id);
-    return IsIndex(control, index) ? control->items[static_cast<std::size_t>(index)] : "";
+    return IsIndex(control, index) ? control->items[static_cast<std::size_t>(index)].text : "";
 }
 
 void SetUpDownRange(WindowHandle dialog, int id, int minimum, int maximum) {
@@ -139,6 +196,40 @@ void SetUpDownPosition(WindowHandle dialog, int id, int position) {
     Window* buddy = (control->style & kShowsNumber) == kShowsNumber ? BuddyOf(control) : nullptr;
     if (buddy != nullptr && buddy->text != text) SetText(buddy, text);
 }
+
+void SetSliderRange(WindowHandle dialog, int id, int minimum, int maximum, int) {
+    Window* control = Control(dialog, id);
+    if (control == nullptr || control->kind != WindowKind::Slider || minimum > maximum) return;
+    control->minimum = minimum;
+    control->maximum = maximum;
+    SetSliderPosition(dialog, id, control->position);
+}
+
+void SetSliderPosition(WindowHandle dialog, int id, int position) {
+    Window* control = Control(dialog, id);
+    if (control == nullptr || control->kind != WindowKind::Slider) return;
+    control->position = control->minimum > control->maximum
+                            ? position
+                            : std::clamp(position, control->minimum, control->maximum);
+}
+
+int SliderPosition(WindowHandle dialog, int id) {
+    const Window* control = Control(dialog, id);
+    return control != nullptr && control->kind == WindowKind::Slider ? control->position : 0;
+}
+
+void LimitText(WindowHandle dialog, int id, int characters) {
+    Window* control = Control(dialog, id);
+    if (control == nullptr || control->kind != WindowKind::Edit) return;
+    control->text_limit = static_cast<std::size_t>(characters);
+}
+
+std::size_t TextLimit(WindowHandle dialog, int id) {
+    const Window* control = Control(dialog, id);
+    return control == nullptr ? 0 : control->text_limit;
+}
+
+void SelectText(WindowHandle, int) {}
 
 void EnableControl(WindowHandle dialog, int id, bool enabled) {
     if (Window* control = Control(dialog, id)) control->enabled = enabled;
@@ -160,7 +251,13 @@ bool IsControlVisible(WindowHandle dialog, int id) {
 
 void FocusControl(WindowHandle, int) {}
 
-void SetControlSize(WindowHandle, int, int, int) {}
+void SetControlSize(WindowHandle dialog, int id, int width, int height) {
+    if (Window* control = Control(dialog, id)) control->size = {width, height};
+}
+
+PixelSize ClientSize(WindowHandle control) {
+    return control == nullptr ? PixelSize{} : control->size;
+}
 
 void RepaintControl(WindowHandle dialog, int id) {
     if (Window* control = Control(dialog, id)) ++control->repaints;

@@ -1,6 +1,9 @@
 #include "platform/file_system.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <dirent.h>
+#include <strings.h>
 #include <unistd.h>
 
 #include "platform/files.h"
@@ -39,8 +42,24 @@ int TakePlaceOf(const char* from, const char* to) {
     return std::rename(from, to) == 0 ? 1 : 0;
 }
 
-void RemoveFile(const char* path) {
-    std::remove(path);
+void RemoveFile(std::string_view path) {
+    std::remove(std::string(path).c_str());
+}
+
+std::vector<std::string> FilesIn(std::string_view folder, std::string_view extension) {
+    std::vector<std::string> names;
+    DIR* directory = opendir(std::string(folder).c_str());
+    if (directory == nullptr) return names;
+    while (const dirent* entry = readdir(directory)) {
+        const std::string_view name = entry->d_name;
+        if (entry->d_type == DT_DIR || name.size() < extension.size()) continue;
+        const std::string_view end = name.substr(name.size() - extension.size());
+        if (strncasecmp(end.data(), extension.data(), extension.size()) == 0)
+            names.emplace_back(name);
+    }
+    closedir(directory);
+    std::sort(names.begin(), names.end());
+    return names;
 }
 
 unsigned long ProcessNumber() {

@@ -2,7 +2,7 @@
 
 namespace platform {
 
-int RunPopupMenu(WindowHandle, std::span<const MenuItem>) {
+int RunPopupMenu(WindowHandle, std::span<const MenuItem>, const MenuPlace*) {
     return 0;
 }
 

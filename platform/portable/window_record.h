@@ -1,7 +1,9 @@
 // A dialog or control of the native build: a record in place of a window.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -12,7 +14,12 @@
 
 namespace platform {
 
-enum class WindowKind { Dialog, Button, Edit, Static, ComboBox, ListBox, UpDown, Other };
+enum class WindowKind { Dialog, Button, Edit, Static, ComboBox, ListBox, UpDown, Slider, Other };
+
+struct ListItem {
+    std::string text;
+    void* data = nullptr;
+};
 
 struct Window {
     WindowKind kind = WindowKind::Other;
@@ -22,15 +29,19 @@ struct Window {
     bool visible = false;
     bool enabled = true;
     void* user_data = nullptr;
+    std::map<int, int> timers;  // intervals by id
 
     // Of a control.
     Window* parent = nullptr;
     const char* tag = "";
     ControlProcedure control_procedure = nullptr;
     bool checked = false;
-    std::vector<std::string> items;
+    std::vector<ListItem> items;
     int selection = -1;
     int minimum = 100, maximum = 0;  // an up-down's range before one is set
+    int position = 0;                // a slider's
+    std::size_t text_limit = 30000;  // an edit's, the system's at first
+    PixelSize size = {};
     int repaints = 0;
 
     // Of a dialog.

@@ -20,11 +20,17 @@ namespace {
 
 constexpr char kRunProperty[] = "TessellomaticsRun";
 
+/// Where a window notes that a timer of its own runs.
+std::string TimerProperty(int timer) {
+    return "TessellomaticsTimer" + std::to_string(timer);
+}
+
 /// The messages that a dialog's procedure gets in both builds.
 bool IsForProcedure(UINT message) {
     constexpr UINT kFirstOwn = WM_USER + 3;  // the first three are the dialog manager's
     constexpr UINT kLastOwn = 0xBFFF;
     return message == WM_INITDIALOG || message == WM_COMMAND || message == WM_DESTROY ||
+           message == WM_TIMER || message == WM_HSCROLL ||
            (message >= kFirstOwn && message <= kLastOwn);
 }
 
@@ -48,16 +54,19 @@ INT_PTR CALLBACK HandleDialogMessage(HWND dialog, UINT message, WPARAM w, LPARAM
         if (message == WM_INITDIALOG) l = reinterpret_cast<LPARAM>(run->parameter);
         result = run->procedure(HandleOf(dialog), message, w, l);
     }
-    const ViewProcedure view = FindDialogView(run->template_name);
+    const ViewProcedure views[] = {FindDialogView(run->template_name), CommonDialogView()};
     LRESULT view_result = 0;
     if (message == WM_INITDIALOG || message == WM_DESTROY) {
-        if (view != nullptr) view(dialog, message, w, l, &view_result);
+        for (const ViewProcedure view : views) {
+            if (view != nullptr) view(dialog, message, w, l, &view_result);
+        }
         if (message == WM_DESTROY) RemovePropA(dialog, kRunProperty);
         return message == WM_INITDIALOG && !run->has_chosen_focus ? TRUE : FALSE;
     }
     if (result != 0) return Answer(dialog, message, result);
-    if (view != nullptr && view(dialog, message, w, l, &view_result)) {
-        return Answer(dialog, message, view_result);
+    for (const ViewProcedure view : views) {
+        if (view != nullptr && view(dialog, message, w, l, &view_result))
+            return Answer(dialog, message, view_result);
     }
     return FALSE;
 }
@@ -83,7 +92,7 @@ std::intptr_t RunTemplate(const DialogTemplate* dialog_template, const char* res
     if (dialog_template == nullptr) return -1;
     run.template_name = dialog_template->name.empty() ? std::to_string(dialog_template->id)
                                                       : std::string(dialog_template->name);
-    RegisterUpDowns();
+    RegisterCommonControls();
     HWND owner_window = owner == nullptr ? nullptr : GetAncestor(WindowOf(owner), GA_ROOT);
     const bool owner_was_enabled = owner_window != nullptr && IsWindowEnabled(owner_window);
     if (owner_window != nullptr) EnableWindow(owner_window, FALSE);
@@ -146,8 +155,8 @@ DialogRun* RunOf(HWND dialog) {
     return static_cast<DialogRun*>(GetPropA(dialog, kRunProperty));
 }
 
-void RegisterUpDowns() {
-    const INITCOMMONCONTROLSEX classes = {sizeof classes, ICC_UPDOWN_CLASS};
+void RegisterCommonControls() {
+    const INITCOMMONCONTROLSEX classes = {sizeof classes, ICC_UPDOWN_CLASS | ICC_BAR_CLASSES};
     InitCommonControlsEx(&classes);
 }
 
@@ -172,7 +181,7 @@ void EndDialog(WindowHandle dialog, std::intptr_t result) {
 }
 
 int ClonePanel(int dialog_template, WindowHandle dialog) {
-    RegisterUpDowns();
+    RegisterCommonControls();
     Cloning cloning = {WindowOf(dialog), 0};
     HWND panel = CreateDialogParamA(Module(), MAKEINTRESOURCEA(dialog_template), nullptr,
                                     HandlePanelMessage, reinterpret_cast<LPARAM>(&cloning));
@@ -254,6 +263,36 @@ WindowHandle ParentDialog(WindowHandle control) {
 std::string_view TemplateOf(WindowHandle dialog) {
     const DialogRun* run = RunOf(WindowOf(dialog));
     return run == nullptr ? std::string_view() : run->template_name;
+}
+
+void CaptureMouse(WindowHandle control) {
+    SetCapture(WindowOf(control));
+}
+
+void ReleaseMouse() {
+    ReleaseCapture();
+}
+
+bool HasMouse(WindowHandle control) {
+    return control != nullptr && GetCapture() == WindowOf(control);
+}
+
+void StartTimer(WindowHandle window, int timer, int milliseconds) {
+    if (window == nullptr) return;
+    const auto id = static_cast<UINT_PTR>(timer);
+    if (SetTimer(WindowOf(window), id, static_cast<UINT>(milliseconds), nullptr) == 0) return;
+    SetPropA(WindowOf(window), TimerProperty(timer).c_str(),
+             reinterpret_cast<HANDLE>(static_cast<std::intptr_t>(milliseconds)));
+}
+
+void StopTimer(WindowHandle window, int timer) {
+    if (RemovePropA(WindowOf(window), TimerProperty(timer).c_str()) == nullptr) return;
+    KillTimer(WindowOf(window), static_cast<UINT_PTR>(timer));
+}
+
+int TimerInterval(WindowHandle window, int timer) {
+    return static_cast<int>(
+        reinterpret_cast<std::intptr_t>(GetPropA(WindowOf(window), TimerProperty(timer).c_str())));
 }
 
 WaitCursor::WaitCursor() : previous_(SetCursor(LoadCursorA(nullptr, IDC_WAIT))) {}

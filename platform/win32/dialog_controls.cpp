@@ -9,6 +9,7 @@
 #include "platform/control_kinds.h"
 #include "platform/control_number.h"
 #include "platform/headless_user.h"
+#include "platform/list_box.h"
 #include "platform/win32/control_lookup.h"
 #include "platform/win32/dialog_run.h"
 #include "platform/win32/view_table.h"
@@ -38,19 +39,32 @@ bool IsOfClass(HWND control, const char* window_class) {
 /// The messages of the two kinds of list, which do the same by other numbers.
 struct ListMessages {
     UINT get_selection, set_selection, clear, add, count, text_length, text;
+    UINT insert, erase, get_data, set_data;
 };
-constexpr ListMessages kComboBoxMessages = {CB_GETCURSEL, CB_SETCURSEL, CB_RESETCONTENT,
-                                            CB_ADDSTRING, CB_GETCOUNT,  CB_GETLBTEXTLEN,
-                                            CB_GETLBTEXT};
-constexpr ListMessages kListBoxMessages = {LB_GETCURSEL, LB_SETCURSEL, LB_RESETCONTENT,
-                                           LB_ADDSTRING, LB_GETCOUNT,  LB_GETTEXTLEN,
-                                           LB_GETTEXT};
+constexpr ListMessages kComboBoxMessages = {
+    CB_GETCURSEL, CB_SETCURSEL,    CB_RESETCONTENT, CB_ADDSTRING,   CB_GETCOUNT,   CB_GETLBTEXTLEN,
+    CB_GETLBTEXT, CB_INSERTSTRING, CB_DELETESTRING, CB_GETITEMDATA, CB_SETITEMDATA};
+constexpr ListMessages kListBoxMessages = {
+    LB_GETCURSEL, LB_SETCURSEL,    LB_RESETCONTENT, LB_ADDSTRING,   LB_GETCOUNT,   LB_GETTEXTLEN,
+    LB_GETTEXT,   LB_INSERTSTRING, LB_DELETESTRING, LB_GETITEMDATA, LB_SETITEMDATA};
 
 /// Null for a control that is no list.
 const ListMessages* MessagesOf(HWND control) {
     if (IsOfClass(control, "COMBOBOX")) return &kComboBoxMessages;
     if (IsOfClass(control, "LISTBOX")) return &kListBoxMessages;
     return nullptr;
+}
+
+/// Puts an item into a list by one of its messages, with its data.
+int PutItem(HWND control, const ListMessages& messages, UINT message, int index,
+            std::string_view text, void* data) {
+    const std::string item(text);
+    const LRESULT place = SendMessageA(control, message, static_cast<WPARAM>(index),
+                                       reinterpret_cast<LPARAM>(item.c_str()));
+    if (place < 0) return -1;
+    SendMessageA(control, messages.set_data, static_cast<WPARAM>(place),
+                 reinterpret_cast<LPARAM>(data));
+    return static_cast<int>(place);
 }
 
 bool IsButton(HWND control, LONG_PTR kind) {
@@ -128,11 +142,42 @@ void ClearItems(WindowHandle dialog, int id) {
 }
 
 void AddItem(WindowHandle dialog, int id, std::string_view text) {
+    AddListItem(dialog, id, text, nullptr);
+}
+
+int AddListItem(WindowHandle dialog, int id, std::string_view text, void* data) {
     HWND control = Find(dialog, id);
     const ListMessages* messages = MessagesOf(control);
-    if (messages == nullptr) return;
-    const std::string item(text);
-    SendMessageA(control, messages->add, 0, reinterpret_cast<LPARAM>(item.c_str()));
+    return messages == nullptr ? -1 : PutItem(control, *messages, messages->add, 0, text, data);
+}
+
+int InsertListItem(WindowHandle dialog, int id, int index, std::string_view text, void* data) {
+    HWND control = Find(dialog, id);
+    const ListMessages* messages = MessagesOf(control);
+    if (messages == nullptr || index < 0 || index > ItemCount(dialog, id)) return -1;
+    return PutItem(control, *messages, messages->insert, index, text, data);
+}
+
+void DeleteListItem(WindowHandle dialog, int id, int index) {
+    HWND control = Find(dialog, id);
+    const ListMessages* messages = MessagesOf(control);
+    if (messages == nullptr || index < 0 || index >= ItemCount(dialog, id)) return;
+    SendMessageA(control, messages->erase, static_cast<WPARAM>(index), 0);
+}
+
+void* ListItemData(WindowHandle dialog, int id, int index) {
+    HWND control = Find(dialog, id);
+    const ListMessages* messages = MessagesOf(control);
+    if (messages == nullptr || index < 0 || index >= ItemCount(dialog, id)) return nullptr;
+    return reinterpret_cast<void*>(
+        SendMessageA(control, messages->get_data, static_cast<WPARAM>(index), 0));
+}
+
+void SetListItemSize(WindowHandle dialog, int id, PixelSize size) {
+    HWND control = Find(dialog, id);
+    if (!IsOfClass(control, "LISTBOX")) return;
+    SendMessageA(control, LB_SETITEMHEIGHT, 0, size.Height);
+    SendMessageA(control, LB_SETCOLUMNWIDTH, static_cast<WPARAM>(size.Width), 0);
 }
 
 int ItemCount(WindowHandle dialog, int id) {
@@ -163,6 +208,43 @@ void SetUpDownRange(WindowHandle dialog, int id, int minimum, int maximum) {
 void SetUpDownPosition(WindowHandle dialog, int id, int position) {
     HWND control = Find(dialog, id);
     if (IsOfClass(control, UPDOWN_CLASSA)) SendMessageA(control, UDM_SETPOS32, 0, position);
+}
+
+void SetSliderRange(WindowHandle dialog, int id, int minimum, int maximum, int tick) {
+    HWND control = Find(dialog, id);
+    if (!IsOfClass(control, TRACKBAR_CLASSA) || minimum > maximum) return;
+    SendMessageA(control, TBM_SETRANGEMIN, FALSE, minimum);
+    SendMessageA(control, TBM_SETRANGEMAX, TRUE, maximum);
+    SendMessageA(control, TBM_SETTICFREQ, static_cast<WPARAM>(tick), 0);
+}
+
+void SetSliderPosition(WindowHandle dialog, int id, int position) {
+    HWND control = Find(dialog, id);
+    if (IsOfClass(control, TRACKBAR_CLASSA)) SendMessageA(control, TBM_SETPOS, TRUE, position);
+}
+
+int SliderPosition(WindowHandle dialog, int id) {
+    HWND control = Find(dialog, id);
+    if (!IsOfClass(control, TRACKBAR_CLASSA)) return 0;
+    return static_cast<int>(SendMessageA(control, TBM_GETPOS, 0, 0));
+}
+
+void LimitText(WindowHandle dialog, int id, int characters) {
+    HWND control = Find(dialog, id);
+    if (!IsOfClass(control, "EDIT")) return;
+    SendMessageA(control, EM_LIMITTEXT, static_cast<WPARAM>(characters), 0);
+}
+
+std::size_t TextLimit(WindowHandle dialog, int id) {
+    HWND control = Find(dialog, id);
+    return IsOfClass(control, "EDIT")
+               ? static_cast<std::size_t>(SendMessageA(control, EM_GETLIMITTEXT, 0, 0))
+               : 0;
+}
+
+void SelectText(WindowHandle dialog, int id) {
+    HWND control = Find(dialog, id);
+    if (IsOfClass(control, "EDIT")) SendMessageA(control, EM_SETSEL, 0, -1);
 }
 
 void EnableControl(WindowHandle dialog, int id, bool enabled) {
@@ -196,6 +278,12 @@ void SetControlSize(WindowHandle dialog, int id, int width, int height) {
     HWND control = Find(dialog, id);
     if (control == nullptr) return;
     SetWindowPos(control, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+PixelSize ClientSize(WindowHandle control) {
+    RECT box = {};
+    GetClientRect(WindowOf(control), &box);
+    return {box.right, box.bottom};
 }
 
 void RepaintControl(WindowHandle dialog, int id) {

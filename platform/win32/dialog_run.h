@@ -19,7 +19,7 @@ struct DialogRun {
 /// Returns the run of one of this program's dialogs, else null.
 [[nodiscard]] DialogRun* RunOf(HWND dialog);
 
-/// Makes the system's up-down controls known, once.
-void RegisterUpDowns();
+/// Makes the system's up-down and slider controls known, once.
+void RegisterCommonControls();
 
 }  // namespace platform

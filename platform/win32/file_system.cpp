@@ -1,6 +1,7 @@
 #include "platform/file_system.h"
 
 #include <windows.h>
+#include <shellapi.h>
 #include <shlobj.h>
 
 #include "platform/files.h"
@@ -49,8 +50,38 @@ int TakePlaceOf(const char* from, const char* to) {
     return MoveFileExA(from, to, MOVEFILE_REPLACE_EXISTING) ? 1 : 0;
 }
 
-void RemoveFile(const char* path) {
-    DeleteFileA(path);
+void RemoveFile(std::string_view path) {
+    DeleteFileA(std::string(path).c_str());
+}
+
+std::vector<std::string> FilesIn(std::string_view folder, std::string_view extension) {
+    std::vector<std::string> names;
+    std::string pattern(folder);
+    if (!pattern.empty() && pattern.find_last_of(kPathSeparators) != pattern.size() - 1)
+        pattern += kPathSeparator;
+    pattern += "*";
+    WIN32_FIND_DATAA found;
+    HANDLE search = FindFirstFileA(pattern.c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return names;
+    do {
+        const std::string_view name = found.cFileName;
+        const bool is_folder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        if (is_folder || name.size() < extension.size()) continue;
+        const std::string end(name.substr(name.size() - extension.size()));
+        if (lstrcmpiA(end.c_str(), std::string(extension).c_str()) == 0) names.emplace_back(name);
+    } while (FindNextFileA(search, &found));
+    FindClose(search);
+    return names;
+}
+
+int MoveToRecycleBin(std::string_view path) {
+    std::string names(path);
+    names += '\0';  // a list of names, which one more zero ends
+    SHFILEOPSTRUCTA operation = {};
+    operation.wFunc = FO_DELETE;
+    operation.pFrom = names.c_str();
+    operation.fFlags = FOF_ALLOWUNDO | FOF_NOCONFIRMATION | FOF_SILENT | FOF_NOERRORUI;
+    return SHFileOperationA(&operation) == 0 && !operation.fAnyOperationsAborted ? 1 : 0;
 }
 
 unsigned long ProcessNumber() {

@@ -163,6 +163,12 @@ constexpr CommandRow kCommands[] = {
      "and writes an index page there that shows each as a page background, with its name and its "
      "command.",
      RunGallery},
+    {"check", kCheckBit, "FILE", 1, 1, "Measure how smoothly a GIF joins itself.",
+     "Compares the step from the right edge to the left, from the bottom to the top and from the "
+     "last frame to the first with the steps inside, in any GIF. A join that is half as rough again as "
+     "the roughest step inside, and more than one level of 255 rougher, is a seam, and then the exit "
+     "status is 1.",
+     RunCheck},
 };
 
 constexpr OptionRow kOptions[] = {
@@ -226,8 +232,8 @@ constexpr OptionRow kOptions[] = {
      ApplySupercompress, nullptr},
     {"delay", 0, "HUNDREDTHS", kEncodeBit, "Show each frame for so many hundredths of a second.",
      "1 to 65535. Default: 4.", ApplyDelay, "a number from 1 to 65535"},
-    {"json", 0, nullptr, kStylesBit | kParamsBit | kDocumentBit, "Write JSON, for programs.", "",
-     ApplyJson, nullptr},
+    {"json", 0, nullptr, kStylesBit | kParamsBit | kDocumentBit | kCheckBit,
+     "Write JSON, for programs.", "", ApplyJson, nullptr},
     {"quiet", 'q', nullptr, kAllCommands, "Show no progress.", "", ApplyQuiet, nullptr},
     {"help", 'h', nullptr, kAllCommands, "Show help and end.", "", ApplyHelp, nullptr},
     {"version", 'V', nullptr, kAllCommands, "Show the version and end.", "", ApplyVersion, nullptr},

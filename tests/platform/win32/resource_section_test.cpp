@@ -26,7 +26,7 @@ DWORD ToldStyle(HWND control) {
 class SystemDialog {
 public:
     explicit SystemDialog(const DialogTemplate& dialog) {
-        platform::RegisterUpDowns();
+        platform::RegisterCommonControls();
         const std::string name(dialog.name);
         window_ = CreateDialogParamA(
             platform::Module(), name.empty() ? MAKEINTRESOURCEA(dialog.id) : name.c_str(), nullptr,

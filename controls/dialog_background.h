@@ -1,11 +1,16 @@
 // What dialogs are filled with: the system's face colour, or a picture tinted by it.
 #pragma once
 
+#include <cstdint>
+
 #include "pipeline/image_buffers.h"
 
 namespace tess {
 
 inline constexpr int kBackgroundResource = 7012;
+
+/// Configuration: 1 fills dialogs with the face colour alone.
+extern std::uint32_t SolidBackground;
 
 /// True where dialogs are filled with the face colour alone: with SolidBackground
 /// set, or on a screen of 8 bits a pixel or fewer.

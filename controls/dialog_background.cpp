@@ -1,13 +1,14 @@
-#include "shell/dialog_background.h"
+#include "controls/dialog_background.h"
 
 #include <algorithm>
 #include <cstring>
 
 #include "pipeline/palette.h"
 #include "platform/resources.h"
-#include "shell/configuration.h"
 
 namespace tess {
+
+std::uint32_t SolidBackground = 1;
 
 bool IsBackgroundSolid(int screen_bits) {
     constexpr int kPaletteBits = 8;

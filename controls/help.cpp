@@ -1,4 +1,4 @@
-#include "shell/help.h"
+#include "controls/help.h"
 
 #include <cstdio>
 

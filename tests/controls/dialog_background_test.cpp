@@ -1,8 +1,6 @@
-#include "shell/dialog_background.h"
+#include "controls/dialog_background.h"
 
 #include <gtest/gtest.h>
-
-#include "shell/configuration.h"
 
 namespace tess::test {
 
