@@ -32,7 +32,9 @@ if(WIN32)
   return()
 endif()
 
-set(CMAKE_INSTALL_DOCDIR share/doc/tessellomatics CACHE PATH "help page")
+set(CMAKE_INSTALL_DOCDIR share/doc/tessellomatics CACHE PATH "folder of the help page")
+set(TESSELLOMATICS_ZSH_FOLDER zsh/site-functions CACHE STRING
+  "folder in share/ of zsh's completion; Debian's packages have theirs in zsh/vendor-completions")
 include(GNUInstallDirs)
 set(pages ${PROJECT_BINARY_DIR}/pages)
 install(TARGETS tessellomatics RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
@@ -42,7 +44,7 @@ install(FILES ${pages}/tessellomatics.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/m
 install(FILES ${pages}/tessellomatics.bash RENAME tessellomatics
   DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 install(FILES ${pages}/_tessellomatics
-  DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/${TESSELLOMATICS_ZSH_FOLDER})
 install(FILES ${pages}/tessellomatics.fish
   DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 
