@@ -21,9 +21,10 @@ enum CommandBit : unsigned {
     kDocumentBit = 128,
     kGalleryBit = 256,
     kTextureBit = 512,
-    kTilesBit = 1024,
+    kFountainBit = 1024,
+    kTilesBit = 2048,
     kCheckBit = 8192,
-    kAllCommands = 511 | kTextureBit | kTilesBit | kCheckBit,
+    kAllCommands = 511 | kTextureBit | kFountainBit | kTilesBit | kCheckBit,
 };
 
 struct CommandRow {

@@ -137,7 +137,7 @@ std::string TakesText(const DialogTemplate* panel, const StyleParameter& paramet
             return choices;
         }
         case ParameterKind::Fountain:
-            return "hexadecimal";
+            return "colors";
         case ParameterKind::Matrix:
             return "a tile's index";
         default:

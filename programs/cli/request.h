@@ -16,11 +16,11 @@ inline constexpr int kDone = 0;
 inline constexpr int kFailed = 1;
 inline constexpr int kWrongUse = 2;
 
-enum class SettingKind { Value, Document, Configuration, Tile };
+enum class SettingKind { Value, Document, Configuration, FountainFile, Tile };
 
-/// One `--set`, `--document`, `--config` or `--tile`, in the order given.
+/// One `--set`, `--document`, `--config`, `--fountain` or `--tile`, in the order given.
 struct Setting {
-    std::string Key;    ///< of a value; of a tile, once it is found, its group's path
+    std::string Key;    ///< of a value or a fountain's file; of a tile its group's path
     std::string Value;  ///< of a file its path
     SettingKind Kind = SettingKind::Value;
 };
@@ -46,11 +46,10 @@ struct Request {
 
     // Of `tiles`.
     std::vector<std::string> AddedPictures;
-    std::vector<int> RemovedTiles;
 
-    // Of `texture`.
-    int Width = 128;
-    int Height = 128;
+    // Of `texture` and `fountain`: the size of a picture, 0 for the command's own.
+    int Width = 0;
+    int Height = 0;
 
     // Of `encode`.
     int Colors = 0;    ///< wanted for the animation's own palette, 0 for as many as fit
@@ -58,6 +57,11 @@ struct Request {
     bool Dither = false;
     bool Supercompress = false;
     int Delay = 4;  ///< in the host's unit
+
+    // Of `fountain`.
+    std::string Library;  ///< path of a library, "" for the user's
+    std::string AddedFountain;
+    bool Removes = false;
 };
 
 }  // namespace tess

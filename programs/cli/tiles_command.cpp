@@ -149,14 +149,20 @@ int ListTiles(const MatrixGroup& group, bool as_json) {
     return kDone;
 }
 
-int WriteTile(const MatrixGroup& group, const std::string& text, const std::string& output) {
+// The index that the user has written, -1 after telling him that there is no such tile.
+int FindTileIndex(const MatrixGroup& group, const std::string& text) {
     const auto index = ReadNumber(text);
-    if (!index || *index < 0 || *index >= group.Count()) {
-        return Refuse(ShownText(text) + " is no tile of the group, which holds " +
-                      std::to_string(group.Count()) + ", counted from 0");
-    }
+    if (index && *index >= 0 && *index < group.Count()) return static_cast<int>(*index);
+    TellUser(ShownText(text) + " is no tile of the group, which holds " +
+             std::to_string(group.Count()) + ", counted from 0");
+    return -1;
+}
+
+int WriteTile(const MatrixGroup& group, const std::string& text, const std::string& output) {
+    const int index = FindTileIndex(group, text);
+    if (index < 0) return kWrongUse;
     if (const int status = CheckPictureOutput(output); status != kDone) return status;
-    return WritePicture(group.Element(static_cast<int>(*index)), output);
+    return WritePicture(group.Element(index), output);
 }
 
 // --- Changing
@@ -182,15 +188,16 @@ int AddPictures(const std::vector<std::string>& paths, MatrixGroup* group) {
     return kDone;
 }
 
-int RemoveTiles(const std::vector<int>& indexes, MatrixGroup* group) {
-    for (const int index : indexes) {
-        if (index >= group->Count()) {
-            return Refuse("--remove: " + std::to_string(index) +
-                          " is no tile of the group, which holds " +
-                          std::to_string(group->Count()) + ", counted from 0");
-        }
-        platform::FreeBlock(group->Take(index));
+// Takes a tile out, after writing it as a picture where that is asked for.
+int RemoveTile(const Request& request, MatrixGroup* group) {
+    const std::string& text = request.Operands.back();
+    if (!request.Output.empty()) {
+        const int status = WriteTile(*group, text, request.Output);
+        if (status != kDone) return status;
     }
+    const int index = FindTileIndex(*group, text);
+    if (index < 0) return kWrongUse;
+    platform::FreeBlock(group->Take(index));
     return kDone;
 }
 
@@ -209,7 +216,7 @@ int ChangeGroup(const Request& request) {
     MatrixGroup group;
     switch (ReadMatrixGroup(path, &group)) {
         case GroupReading::Missing:
-            if (!request.RemovedTiles.empty()) return ReadGroup(name, "", &group);
+            if (request.Removes) return ReadGroup(name, "", &group);
             break;
         case GroupReading::Damaged:
             return Fail(path + ": is damaged");
@@ -219,8 +226,8 @@ int ChangeGroup(const Request& request) {
                             " cannot be changed; add to one of your own");
             break;
     }
-    int status = RemoveTiles(request.RemovedTiles, &group);
-    if (status == kDone) status = AddPictures(request.AddedPictures, &group);
+    const int status =
+        request.Removes ? RemoveTile(request, &group) : AddPictures(request.AddedPictures, &group);
     if (status != kDone) return status;
     platform::WorkArray<ImageHandle> elements(static_cast<std::size_t>(group.Count()));
     if (!elements) return Fail("memory is short");
@@ -235,19 +242,23 @@ int ChangeGroup(const Request& request) {
 
 int RunTiles(const Request& request) {
     const std::vector<std::string>& operands = request.Operands;
-    const bool changes = !request.AddedPictures.empty() || !request.RemovedTiles.empty();
-    const bool shows = operands.size() == 2;
-    if (shows != !request.Output.empty())
-        return Refuse("a tile is written as a picture by 'tiles GROUP INDEX -o FILE'");
-    if (changes) {
-        if (operands.size() != 1) return Refuse("--add and --remove change the tiles of one GROUP");
+    const bool names_tile = operands.size() == 2;
+    if (!request.AddedPictures.empty()) {
+        if (operands.size() != 1 || request.Removes || !request.Output.empty())
+            return Refuse("pictures are added by 'tiles GROUP --add PICTURE'");
         return ChangeGroup(request);
     }
+    if (request.Removes) {
+        if (!names_tile) return Refuse("a tile is taken out by 'tiles GROUP INDEX --remove'");
+        return ChangeGroup(request);
+    }
+    if (names_tile == request.Output.empty())
+        return Refuse("a tile is written as a picture by 'tiles GROUP INDEX -o FILE'");
     if (operands.empty()) return ListGroups(request.Json);
     MatrixGroup group;
     const int status = ReadGroup(operands.front(), FindGroup(operands.front()), &group);
     if (status != kDone) return status;
-    if (shows) return WriteTile(group, operands.back(), request.Output);
+    if (names_tile) return WriteTile(group, operands.back(), request.Output);
     return ListTiles(group, request.Json);
 }
 
