@@ -53,6 +53,8 @@ struct HostRecord {
     std::uint32_t skin_buttons = 0;
     std::uint32_t flags = HostDelayHundredths | HostTrueColor;
     std::int64_t chooser_color = -1;  ///< -1: the user cancels
+    int image_side = 0;               ///< of the square image that is chosen, 0: none is
+    std::uint32_t image_color = 0;
 };
 
 class PluginRun {
