@@ -66,7 +66,12 @@ protected:
     }
     /// Posts a button's command, for one that opens a further dialog.
     static void Press(HWND matrix, int id) { PostCommandTo(matrix, id); }
-    static void HoldShift(bool held) { keybd_event(VK_SHIFT, 0, held ? 0 : KEYEVENTF_KEYUP, 0); }
+    /// The same with Shift held, and waits for the dialog that it opens.
+    static HWND PressWithShift(PluginRun& run, HWND matrix, int id, const std::string& title) {
+        const HeldShift shift(matrix);
+        Press(matrix, id);
+        return run.WaitForDialog(title);
+    }
     static HWND WaitForMessage(PluginRun& run, const std::string& beginning) {
         HWND message = nullptr;
         EXPECT_TRUE(WaitUntil([&] {
@@ -158,10 +163,7 @@ TEST_F(PluginMatrix, ProtectedGroupIsSavedUnderANameAndThenChanged) {
     Click(message, IDOK);
     ASSERT_EQ(run.WaitForDialog("Matrix"), matrix);
 
-    HoldShift(true);
-    Press(matrix, kAdd);
-    HWND name = run.WaitForDialog("New matrix group");
-    HoldShift(false);
+    HWND name = PressWithShift(run, matrix, kAdd, "New matrix group");
     ASSERT_NE(name, nullptr);
     EXPECT_EQ(TextOf(name, kName), "Untitled");
     WindowPicture(name).Keep("matrix_name");
@@ -219,29 +221,23 @@ TEST_F(PluginMatrix, GroupIsDeletedAfterYes) {
     ASSERT_NE(dialog, nullptr);
     HWND matrix = OpenMatrix(run, dialog);
     ASSERT_NE(matrix, nullptr);
-    HoldShift(true);
-    Press(matrix, kDelete);
-    HWND refusal = WaitForMessage(run, "The primary matrix group cannot be deleted.");
-    HoldShift(false);
+    HWND refusal = PressWithShift(run, matrix, kDelete, kProgramName);
     ASSERT_NE(refusal, nullptr);
+    EXPECT_EQ(TextOf(refusal, kMessageText), "The primary matrix group cannot be deleted.");
     Click(refusal, IDOK);
     ASSERT_EQ(run.WaitForDialog("Matrix"), matrix);
 
-    HoldShift(true);
-    Press(matrix, kAdd);
-    HWND name = run.WaitForDialog("New matrix group");
-    HoldShift(false);
+    HWND name = PressWithShift(run, matrix, kAdd, "New matrix group");
     ASSERT_NE(name, nullptr);
     Type(name, kName, "gone");
     Click(name, IDOK);
     ASSERT_EQ(run.WaitForDialog("Matrix"), matrix);
     ASSERT_TRUE(std::filesystem::exists(folder_.PluginPathOf("gone.MTX")));
 
-    HoldShift(true);
-    Press(matrix, kDelete);
-    HWND question = WaitForMessage(run, "Do you want to delete the gone matrix group?");
-    HoldShift(false);
+    HWND question = PressWithShift(run, matrix, kDelete, kProgramName);
     ASSERT_NE(question, nullptr);
+    EXPECT_TRUE(
+        TextOf(question, kMessageText).starts_with("Do you want to delete the gone matrix group?"));
     Click(question, IDYES);
     ASSERT_EQ(run.WaitForDialog("Matrix"), matrix);
     EXPECT_TRUE(WaitUntil([&] { return TextOf(matrix, kGroups) == "vorbelx1"; }));

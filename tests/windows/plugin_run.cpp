@@ -71,6 +71,13 @@ std::int64_t Answer(TaskRecord*, std::int64_t op, std::int64_t, std::int64_t b) 
     }
 }
 
+void SetShiftKey(BYTE state) {
+    BYTE keys[256] = {};
+    GetKeyboardState(keys);
+    keys[VK_SHIFT] = state;
+    SetKeyboardState(keys);
+}
+
 std::string TitleOf(HWND window) {
     char title[256] = "";
     GetWindowTextA(window, title, sizeof title);
@@ -249,6 +256,16 @@ std::vector<std::int64_t> PluginRun::AllCalls() const {
 std::string PluginRun::HelpTarget() const {
     const std::lock_guard guard(record_lock);
     return help_target;
+}
+
+HeldShift::HeldShift(HWND window) : thread_(GetWindowThreadProcessId(window, nullptr)) {
+    AttachThreadInput(GetCurrentThreadId(), thread_, TRUE);
+    SetShiftKey(0x80);
+}
+
+HeldShift::~HeldShift() {
+    SetShiftKey(0);
+    AttachThreadInput(GetCurrentThreadId(), thread_, FALSE);
 }
 
 void Click(HWND dialog, int id) {

@@ -85,6 +85,18 @@ private:
     int returned_ = -1;
 };
 
+/// The thread of a window sees Shift held for a scope.
+class HeldShift {
+public:
+    explicit HeldShift(HWND window);
+    HeldShift(const HeldShift&) = delete;
+    HeldShift& operator=(const HeldShift&) = delete;
+    ~HeldShift();
+
+private:
+    DWORD thread_;
+};
+
 // What a user does to a control of a dialog.
 
 void Click(HWND dialog, int id);
