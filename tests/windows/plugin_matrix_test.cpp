@@ -22,20 +22,9 @@ constexpr int kMessageText = 101;
 
 constexpr int kDefaultTiles = 37;
 
-std::string ModuleFolder() {
-    char path[MAX_PATH] = "";
-    GetModuleFileNameA(nullptr, path, sizeof path);
-    const std::string own = path;
-    return own.substr(0, own.find_last_of('\\') + 1);
-}
-
 class PluginMatrix : public testing::Test {
 protected:
-    PluginMatrix() {
-        std::filesystem::copy_file(
-            ModuleFolder() + "..\\share\\tessellomatics\\groups\\vorbelx1.mtx",
-            folder_.PluginPathOf("vorbelx1.mtx"));
-    }
+    PluginMatrix() { folder_.InstallTiles(); }
 
     /// Opens the main dialog with the Mural selected.
     static HWND Open(PluginRun& run) {

@@ -172,6 +172,15 @@ std::string UserFolder::PluginPathOf(const std::string& name) const {
     return PathOf("Quorvenstadtholme\\Tessellomatics 1\\" + name);
 }
 
+void UserFolder::InstallTiles() const {
+    char path[MAX_PATH] = "";
+    GetModuleFileNameA(nullptr, path, sizeof path);
+    const std::filesystem::path programs = std::filesystem::path(path).parent_path();
+    std::filesystem::copy_file(
+        programs.parent_path() / "share" / "tessellomatics" / "groups" / "vorbelx1.mtx",
+        PluginPathOf("vorbelx1.mtx"));
+}
+
 PluginRun::PluginRun(const Plugin& plugin, const HostRecord& host) {
     {
         const std::lock_guard guard(record_lock);

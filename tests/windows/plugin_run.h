@@ -41,6 +41,8 @@ public:
     [[nodiscard]] std::string PathOf(const std::string& name) const;
     /// In the folder of the plug-in.
     [[nodiscard]] std::string PluginPathOf(const std::string& name) const;
+    /// Puts the default group of tiles there, as an installation does.
+    void InstallTiles() const;
 
 private:
     std::string path_;
