@@ -2,6 +2,10 @@
 #include "controls/direction_picker.h"
 #include "controls/number_edit.h"
 #include "controls/skinned_button.h"
+#include "fills/fountain_control.h"
+#include "fills/fountain_library_dialog.h"
+#include "fills/matrix_control.h"
+#include "fills/matrix_dialog.h"
 #include "shell/about_dialog.h"
 #include "shell/main_dialog.h"
 #include "shell/window_views.h"
@@ -12,7 +16,11 @@ void InstallWindowViews() {
     InstallDirectionPickerView();
     InstallNumberEditView();
     InstallSkinnedButtonView();
+    InstallMatrixControlView();
+    InstallMatrixDialogView();
     InstallDialogBackground();
+    InstallFountainButtonView();
+    InstallFountainLibraryView();
     InstallMainDialogView();
     InstallAboutView();
 }

@@ -20,8 +20,10 @@ enum CommandBit : unsigned {
     kConfigBit = 64,
     kDocumentBit = 128,
     kGalleryBit = 256,
+    kTextureBit = 512,
+    kFountainBit = 1024,
     kCheckBit = 8192,
-    kAllCommands = 511 | kCheckBit,
+    kAllCommands = 511 | kTextureBit | kFountainBit | kCheckBit,
 };
 
 struct CommandRow {
