@@ -22,8 +22,9 @@ enum CommandBit : unsigned {
     kGalleryBit = 256,
     kTextureBit = 512,
     kFountainBit = 1024,
+    kTilesBit = 2048,
     kCheckBit = 8192,
-    kAllCommands = 511 | kTextureBit | kFountainBit | kCheckBit,
+    kAllCommands = 511 | kTextureBit | kFountainBit | kTilesBit | kCheckBit,
 };
 
 struct CommandRow {
