@@ -2,6 +2,8 @@
 #include "controls/direction_picker.h"
 #include "controls/number_edit.h"
 #include "controls/skinned_button.h"
+#include "fills/curve_graph.h"
+#include "fills/texture_dialog.h"
 #include "shell/about_dialog.h"
 #include "shell/main_dialog.h"
 #include "shell/window_views.h"
@@ -15,6 +17,8 @@ void InstallWindowViews() {
     InstallDialogBackground();
     InstallMainDialogView();
     InstallAboutView();
+    InstallTextureDialogView();
+    InstallCurveGraphView();
 }
 
 }  // namespace tess
