@@ -3,6 +3,10 @@
 #include "controls/number_edit.h"
 #include "controls/skinned_button.h"
 #include "fills/curve_graph.h"
+#include "fills/fountain_control.h"
+#include "fills/fountain_library_dialog.h"
+#include "fills/matrix_control.h"
+#include "fills/matrix_dialog.h"
 #include "fills/texture_dialog.h"
 #include "shell/about_dialog.h"
 #include "shell/main_dialog.h"
@@ -14,7 +18,11 @@ void InstallWindowViews() {
     InstallDirectionPickerView();
     InstallNumberEditView();
     InstallSkinnedButtonView();
+    InstallMatrixControlView();
+    InstallMatrixDialogView();
     InstallDialogBackground();
+    InstallFountainButtonView();
+    InstallFountainLibraryView();
     InstallMainDialogView();
     InstallAboutView();
     InstallTextureDialogView();

@@ -7,10 +7,12 @@
 #include "controls/direction_picker.h"
 #include "controls/spinner.h"
 #include "fills/fountain.h"
+#include "fills/matrix_control.h"
 #include "platform/files.h"
 #include "platform/headless_user.h"
 #include "shell/control_contract.h"
 #include "shell/main_dialog.h"
+#include "tests/support/random_pictures.h"
 
 namespace tess::test {
 
@@ -125,6 +127,20 @@ int RandomSettings::LoadFountain(WindowHandle dialog, int id) {
     return fountain.Count;
 }
 
+/// Gives a matrix tile control a random picture. Returns its seed.
+int RandomSettings::LoadTile(WindowHandle dialog, int id) {
+    constexpr int kDepths[] = {1, 4, 8, 24, 32};
+    const int width = 1 + static_cast<int>(Draw(100));
+    const int height = 1 + static_cast<int>(Draw(100));
+    const int bits = kDepths[Draw(5)];
+    const std::uint32_t seed = Draw(0x1000000);
+    const LockedMatrixTile tile = LockMatrixTile(platform::Control(dialog, id));
+    if (!tile) return -1;
+    platform::FreeBlock(tile->Image);
+    tile->Image = testing::RandomPicture(width, height, bits, seed);
+    return static_cast<int>(seed);
+}
+
 /// Sets one control to a random value, and adds it to the line that is printed.
 void RandomSettings::Set(WindowHandle dialog, const StyleParameter& parameter, std::string* line) {
     const int id = parameter.ControlId;
@@ -160,7 +176,8 @@ void RandomSettings::Set(WindowHandle dialog, const StyleParameter& parameter, s
             value = LoadFountain(dialog, id);
             break;
         case ParameterKind::Matrix:
-            return;
+            value = LoadTile(dialog, id);
+            break;
     }
     char text[32];
     std::snprintf(text, sizeof text, " %d=%d", id, value);
@@ -168,6 +185,11 @@ void RandomSettings::Set(WindowHandle dialog, const StyleParameter& parameter, s
 }
 
 int BuildFrames(WindowHandle dialog, const StyleEntry& style, FrameList* frames) {
+    StyleContext sample{};
+    sample.Dialog = dialog;
+    const int is_painted = style.Test(&sample);
+    platform::FreeBlock(sample.Result);
+    if (is_painted == 0) return 0;
     StyleContext context{};
     context.Dialog = dialog;
     context.Frames = frames;

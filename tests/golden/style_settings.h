@@ -38,13 +38,15 @@ private:
     std::uint32_t Draw(std::uint32_t below);
     int DrawNumber(platform::WindowHandle dialog, const StyleParameter& parameter);
     int LoadFountain(platform::WindowHandle dialog, int id);
+    int LoadTile(platform::WindowHandle dialog, int id);
     void Set(platform::WindowHandle dialog, const StyleParameter& parameter, std::string* line);
 
     std::uint64_t random_;
     bool makes_long_loops_ = false;
 };
 
-/// Runs the style's Build. Returns 0 when it failed. The caller frees the list.
+/// Runs the style's Test, as the dialog's sample does before anyone can build, and its
+/// Build. Returns 0 when it failed. The caller frees the list.
 [[nodiscard]] int BuildFrames(platform::WindowHandle dialog, const StyleEntry& style,
                               FrameList* frames);
 
