@@ -21,8 +21,9 @@ enum CommandBit : unsigned {
     kDocumentBit = 128,
     kGalleryBit = 256,
     kTextureBit = 512,
+    kFountainBit = 1024,
     kCheckBit = 8192,
-    kAllCommands = 511 | kTextureBit | kCheckBit,
+    kAllCommands = 511 | kTextureBit | kFountainBit | kCheckBit,
 };
 
 struct CommandRow {

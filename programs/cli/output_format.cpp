@@ -112,6 +112,19 @@ int CheckDocumentOutput(const std::string& path) {
     return TryFile(path);
 }
 
+bool IsFountainOutput(const std::string& path) {
+    return EndingOf(path) == ".mtrl";
+}
+
+int CheckFountainOutput(const std::string& path) {
+    const std::string ending = EndingOf(path);
+    if (ending != ".png" && ending != ".bmp" && ending != ".mtrl") {
+        TellUser(path + ": unknown ending; it takes .png, .bmp or .mtrl");
+        return kWrongUse;
+    }
+    return TryFile(path);
+}
+
 int WriteOutputs(const Animation& animation, const std::string& output,
                  const std::string& frames_folder) {
     if (!frames_folder.empty()) {
