@@ -2,10 +2,12 @@
 #include "controls/direction_picker.h"
 #include "controls/number_edit.h"
 #include "controls/skinned_button.h"
+#include "fills/curve_graph.h"
 #include "fills/fountain_control.h"
 #include "fills/fountain_library_dialog.h"
 #include "fills/matrix_control.h"
 #include "fills/matrix_dialog.h"
+#include "fills/texture_dialog.h"
 #include "shell/about_dialog.h"
 #include "shell/main_dialog.h"
 #include "shell/window_views.h"
@@ -23,6 +25,8 @@ void InstallWindowViews() {
     InstallFountainLibraryView();
     InstallMainDialogView();
     InstallAboutView();
+    InstallTextureDialogView();
+    InstallCurveGraphView();
 }
 
 }  // namespace tess
