@@ -64,6 +64,7 @@ constexpr Symbol kSymbols[] = {
     {"LBS_HASSTRINGS", 0x0040},
     {"LBS_NOINTEGRALHEIGHT", 0x0100},
     {"LBS_WANTKEYBOARDINPUT", 0x0400},
+    {"TBS_AUTOTICKS", 0x0001},
     {"UDS_SETBUDDYINT", 0x0002},
     {"UDS_ALIGNRIGHT", 0x0004},
     {"UDS_AUTOBUDDY", 0x0010},
