@@ -132,15 +132,23 @@ std::intptr_t FountainProcedure(WindowHandle control, std::uint32_t message, std
     return platform::CallOriginal(control, message, w, l);
 }
 
+void Install(WindowHandle dialog, int id, std::uintptr_t remember) {
+    constexpr std::intptr_t kUnused = 0xFFFFFF;
+    const WindowHandle control = platform::Control(dialog, id);
+    if (control == nullptr) return;
+    platform::InstallControl(dialog, id, kFountainTag, FountainProcedure);
+    platform::SendToWindow(control, InitializeControl, remember, kUnused);
+}
+
 }  // namespace
 
 void BindFountainButton(WindowHandle dialog, int id, const char* text) {
-    constexpr std::intptr_t kUnused = 0xFFFFFF;
     platform::SetControlText(dialog, id, text);
-    platform::InstallControl(dialog, id, kFountainTag, FountainProcedure);
-    if (const WindowHandle control = platform::Control(dialog, id); control != nullptr) {
-        platform::SendToWindow(control, InitializeControl, kRememberFountain, kUnused);
-    }
+    Install(dialog, id, kRememberFountain);
+}
+
+void InstallFountainButton(WindowHandle dialog, int id) {
+    Install(dialog, id, 0);
 }
 
 LockedFountain LockFountain(WindowHandle control) {

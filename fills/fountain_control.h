@@ -19,6 +19,10 @@ inline constexpr char kLoopedFountainText[] = "FountainButtonLooped";
 /// has none, and LockFountain says so.
 void BindFountainButton(platform::WindowHandle dialog, int id, const char* text);
 
+/// Makes button `id` a fountain button whose fountain lives as long as the control: it starts
+/// from the seven colours and is not kept in a file. The control's text counts as above.
+void InstallFountainButton(platform::WindowHandle dialog, int id);
+
 /// Locks the control's record for a scope. False when it has none.
 [[nodiscard]] LockedFountain LockFountain(platform::WindowHandle control);
 

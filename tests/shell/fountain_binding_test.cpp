@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "fills/fountain_control.h"
+#include "platform/files.h"
 #include "shell/control_contract.h"
 #include "tests/shell/panel_dialog_fixture.h"
 
@@ -164,6 +165,16 @@ TEST_F(FountainBinding, PreviewHandleInAFileIsNotTaken) {
         const std::string line = LineOf(platform::Control(dialog, 270));
         EXPECT_EQ(line.substr(10 + 2 * 281, 16), "0000000000000000");
     });
+}
+
+TEST_F(FountainBinding, InstalledButtonStartsFromSevenColorsAndIsNotKept) {
+    InDialog([this](WindowHandle dialog) {
+        InstallFountainButton(dialog, 270);
+        const Fountain fountain = FountainOf(platform::Control(dialog, 270));
+        EXPECT_EQ(int{fountain.Count}, 7);
+        EXPECT_EQ(std::uint32_t{fountain.Flags}, kFountainLooped);
+    });
+    EXPECT_FALSE(platform::FileExists(FilePath("Fountain00270.mtrl")));
 }
 
 TEST_F(FountainBinding, NoBlockIsLeftWhenTheDialogCloses) {
