@@ -2,6 +2,7 @@
 #include "controls/direction_picker.h"
 #include "controls/number_edit.h"
 #include "controls/skinned_button.h"
+#include "fills/gradient_dialog.h"
 #include "shell/about_dialog.h"
 #include "shell/main_dialog.h"
 #include "shell/window_views.h"
@@ -13,6 +14,7 @@ void InstallWindowViews() {
     InstallNumberEditView();
     InstallSkinnedButtonView();
     InstallMessageBoxViews();
+    InstallGradientDialogView();
     InstallMainDialogView();
     InstallAboutView();
 }
