@@ -1,4 +1,5 @@
 #include <windows.h>
+#include <algorithm>
 
 #include "controls/color_button.h"
 #include "controls/dialog_view.h"
@@ -80,9 +81,13 @@ void DrawMarker(HWND control, const PreviewMarker& marker) {
         MoveToEx(context, line.Left, line.Top, nullptr);
         LineTo(context, line.Right, line.Bottom);
     } else {
-        for (const PreviewBar& bar : marker.Bars)
-            PatBlt(context, bar.Left, bar.Top, bar.Right - bar.Left, bar.Bottom - bar.Top,
-                   DSTINVERT);
+        for (const PreviewBar& bar : marker.Bars) {
+            // Ordered, since the system moves a box of negative size by a pixel, onto
+            // its neighbour.
+            const auto [left, right] = std::minmax(bar.Left, bar.Right);
+            const auto [top, bottom] = std::minmax(bar.Top, bar.Bottom);
+            PatBlt(context, left, top, right - left, bottom - top, DSTINVERT);
+        }
     }
     ReleaseDC(control, context);
 }
