@@ -46,14 +46,10 @@ bool IsEdit(HWND control) {
     return platform::ControlClass(platform::HandleOf(control)) == "EDIT";
 }
 
+/// Answers the messages in which a dialog is asked for its background and for that of
+/// its static controls, check boxes and owner-drawn buttons; frees what it made when a
+/// dialog goes.
 bool PaintBackground(HWND dialog, UINT message, WPARAM w, LPARAM l, LRESULT* result) {
-    return AnswerWithBackground(platform::HandleOf(dialog), message, w, l, result);
-}
-
-}  // namespace
-
-bool AnswerWithBackground(platform::WindowHandle dialog, std::uint32_t message, std::uintptr_t w,
-                          std::intptr_t l, std::intptr_t* result) {
     HDC device = reinterpret_cast<HDC>(w);
     HWND control = reinterpret_cast<HWND>(l);
     switch (message) {
@@ -64,10 +60,10 @@ bool AnswerWithBackground(platform::WindowHandle dialog, std::uint32_t message, 
             if (IsEdit(control)) return false;
             SetBkMode(device, TRANSPARENT);
             SetTextColor(device, GetSysColor(COLOR_WINDOWTEXT));
-            AlignBrush(platform::WindowOf(dialog), control, device);
+            AlignBrush(dialog, control, device);
             break;
         case WM_CTLCOLORBTN:
-            AlignBrush(platform::WindowOf(dialog), control, device);
+            AlignBrush(dialog, control, device);
             break;
         case WM_DESTROY:
             FreeTiledBrush();
@@ -75,13 +71,14 @@ bool AnswerWithBackground(platform::WindowHandle dialog, std::uint32_t message, 
         default:
             return false;
     }
-    *result = reinterpret_cast<std::intptr_t>(BackgroundBrush(device));
+    *result = reinterpret_cast<LRESULT>(BackgroundBrush(device));
     return true;
 }
 
-void InstallMessageBoxViews() {
-    for (const char* name : {"MESSAGEBOX", "YESNOBOX", "YESNOCANCELBOX"})
-        platform::SetDialogView(name, PaintBackground);
+}  // namespace
+
+void InstallDialogBackground() {
+    platform::SetCommonDialogView(PaintBackground);
 }
 
 }  // namespace tess

@@ -9,7 +9,7 @@ namespace tess {
 
 namespace {
 
-bool ViewAbout(HWND window, UINT message, WPARAM w, LPARAM l, LRESULT* result) {
+bool ViewAbout(HWND window, UINT message, WPARAM w, LPARAM l, LRESULT*) {
     const platform::WindowHandle dialog = platform::HandleOf(window);
     StepLogo(dialog, kAboutLogo, w);
     switch (message) {
@@ -26,7 +26,7 @@ bool ViewAbout(HWND window, UINT message, WPARAM w, LPARAM l, LRESULT* result) {
         default:
             break;
     }
-    return AnswerWithBackground(dialog, message, w, l, result);
+    return false;
 }
 
 }  // namespace

@@ -20,6 +20,7 @@
 
 #include "controls/control_line.h"
 #include "controls/dialog_background.h"
+#include "fills/matrix_group_file.h"
 #include "pipeline/remapping.h"
 #include "platform/clock.h"
 #include "platform/files.h"
@@ -57,9 +58,10 @@ std::uint32_t ShowFileOpenPreview = 1;
 std::uint32_t UpdateDelay = 1000;
 std::uint32_t VersionNumber = 512;
 
-// The group files that the texture and tile dialogs open.
+// The group file that the texture dialog opens.
 char DefaultTextureFileName[kBoundTextBytes] = "vorbelx1.fft";
-char MatrixLibrary[kBoundTextBytes] = "vorbelx1.mtx";
+
+static_assert(kMatrixGroupFileBytes == kBoundTextBytes);
 
 constexpr ConfigKey kGeneralKeys[] = {
     {"AddDescriptiveCommentBlock", &AddDescriptiveCommentBlock, kNumberKey},
@@ -79,7 +81,7 @@ constexpr ConfigKey kGeneralKeys[] = {
     {"MainRolling", &MainRolling, kNumberKey},
     {"MainSteps", &MainSteps, kNumberKey},
     {"MainSupercompress", &MainSupercompress, kNumberKey},
-    {"MatrixLibrary", MatrixLibrary, kTextKey},
+    {"MatrixLibrary", MatrixGroupFile, kTextKey},
     {"MatrixDefaultTile", MatrixDefaultTile, kTextKey},
     {"OpenPath", OpenPath, kTextKey},
     {"PatchLevel", &PatchLevel, kNumberKey | kWriteOnlyKey},

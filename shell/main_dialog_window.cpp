@@ -100,7 +100,7 @@ bool PaintItem(HWND dialog, const DRAWITEMSTRUCT& item) {
     return true;
 }
 
-bool ViewMainDialog(HWND window, UINT message, WPARAM w, LPARAM l, LRESULT* result) {
+bool ViewMainDialog(HWND window, UINT message, WPARAM w, LPARAM l, LRESULT*) {
     const platform::WindowHandle dialog = HandleOf(window);
     StepLogo(dialog, kLogo, w);
     switch (message) {
@@ -115,7 +115,7 @@ bool ViewMainDialog(HWND window, UINT message, WPARAM w, LPARAM l, LRESULT* resu
         default:
             break;
     }
-    return AnswerWithBackground(dialog, message, w, l, result);
+    return false;
 }
 
 }  // namespace

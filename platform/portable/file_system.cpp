@@ -52,7 +52,7 @@ std::vector<std::string> FilesIn(std::string_view folder, std::string_view exten
     if (directory == nullptr) return names;
     while (const dirent* entry = readdir(directory)) {
         const std::string_view name = entry->d_name;
-        if (name.size() < extension.size()) continue;
+        if (entry->d_type == DT_DIR || name.size() < extension.size()) continue;
         const std::string_view end = name.substr(name.size() - extension.size());
         if (strncasecmp(end.data(), extension.data(), extension.size()) == 0)
             names.emplace_back(name);

@@ -54,16 +54,19 @@ INT_PTR CALLBACK HandleDialogMessage(HWND dialog, UINT message, WPARAM w, LPARAM
         if (message == WM_INITDIALOG) l = reinterpret_cast<LPARAM>(run->parameter);
         result = run->procedure(HandleOf(dialog), message, w, l);
     }
-    const ViewProcedure view = FindDialogView(run->template_name);
+    const ViewProcedure views[] = {FindDialogView(run->template_name), CommonDialogView()};
     LRESULT view_result = 0;
     if (message == WM_INITDIALOG || message == WM_DESTROY) {
-        if (view != nullptr) view(dialog, message, w, l, &view_result);
+        for (const ViewProcedure view : views) {
+            if (view != nullptr) view(dialog, message, w, l, &view_result);
+        }
         if (message == WM_DESTROY) RemovePropA(dialog, kRunProperty);
         return message == WM_INITDIALOG && !run->has_chosen_focus ? TRUE : FALSE;
     }
     if (result != 0) return Answer(dialog, message, result);
-    if (view != nullptr && view(dialog, message, w, l, &view_result)) {
-        return Answer(dialog, message, view_result);
+    for (const ViewProcedure view : views) {
+        if (view != nullptr && view(dialog, message, w, l, &view_result))
+            return Answer(dialog, message, view_result);
     }
     return FALSE;
 }

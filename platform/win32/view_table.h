@@ -10,6 +10,8 @@ namespace platform {
 
 /// Returns the view, or null. `dialog_template` is the number as text, or the name.
 [[nodiscard]] ViewProcedure FindDialogView(std::string_view dialog_template);
+/// The view that is added to all dialogs, or null.
+[[nodiscard]] ViewProcedure CommonDialogView();
 [[nodiscard]] ViewProcedure FindControlView(std::string_view tag, ControlProcedure procedure);
 
 }  // namespace platform

@@ -13,6 +13,7 @@ namespace {
 std::map<std::string, ViewProcedure, std::less<>> dialog_views;
 std::map<std::string, ViewProcedure, std::less<>> tag_views;
 std::map<ControlProcedure, ViewProcedure> procedure_views;
+ViewProcedure common_dialog_view = nullptr;
 
 template <class Map, class Key>
 ViewProcedure Find(const Map& views, const Key& key) {
@@ -30,6 +31,10 @@ void SetDialogView(const char* dialog_template, ViewProcedure view) {
     dialog_views[dialog_template] = view;
 }
 
+void SetCommonDialogView(ViewProcedure view) {
+    common_dialog_view = view;
+}
+
 void SetControlView(const char* tag, ViewProcedure view) {
     tag_views[tag] = view;
 }
@@ -40,6 +45,10 @@ void SetControlView(ControlProcedure procedure, ViewProcedure view) {
 
 ViewProcedure FindDialogView(std::string_view dialog_template) {
     return Find(dialog_views, dialog_template);
+}
+
+ViewProcedure CommonDialogView() {
+    return common_dialog_view;
 }
 
 ViewProcedure FindControlView(std::string_view tag, ControlProcedure procedure) {

@@ -19,6 +19,8 @@ using ViewProcedure = bool (*)(HWND window, UINT message, WPARAM w, LPARAM l, LR
 /// the procedure, and its answer to them does not count. A template has one view.
 void SetDialogView(int dialog_template, ViewProcedure view);
 void SetDialogView(const char* dialog_template, ViewProcedure view);
+/// Adds a view to all dialogs, asked about what a template's own view leaves over.
+void SetCommonDialogView(ViewProcedure view);
 
 /// Adds a view to the controls that InstallControl gives a tag, or a procedure. It
 /// is asked about each message that the procedure passes on with CallOriginal,

@@ -49,7 +49,7 @@ bool WriteData(const DataFile& data, std::size_t number, const std::string& path
         *error = path + ": cannot be read, or is empty";
         return false;
     }
-    output << "constexpr unsigned char kData" << number << "[] = {";
+    output << "alignas(8) constexpr unsigned char kData" << number << "[] = {";
     for (std::size_t i = start; i < bytes.size(); ++i) {
         output << ((i - start) % 24 == 0 ? "\n    " : "")
                << static_cast<unsigned>(static_cast<unsigned char>(bytes[i])) << ",";

@@ -1,5 +1,6 @@
 #include "platform/files.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -162,6 +163,46 @@ TEST_F(Files, EmptyPathCannotBeWritten) {
 
 TEST_F(Files, MissingFileCannotBeOpened) {
     EXPECT_EQ(platform::OpenFile(PathOf("missing"), "rb"), nullptr);
+}
+
+TEST_F(Files, FilesInAFolderAreThoseWithTheExtensionInEitherCase) {
+    Write("b.MTX", "");
+    Write("a.mtx", "");
+    Write("mtx", "");
+    Write("c.mtx.bak", "");
+    fs::create_directory(folder_ / "d.mtx");
+    std::vector<std::string> names = platform::FilesIn(folder_.string(), ".mtx");
+    std::sort(names.begin(), names.end());
+    EXPECT_EQ(names, (std::vector<std::string>{"a.mtx", "b.MTX"}));
+}
+
+TEST_F(Files, MissingFolderHasNoFiles) {
+    EXPECT_TRUE(platform::FilesIn(PathOf("none"), ".mtx").empty());
+}
+
+TEST_F(Files, CopyTakesThePlaceOfAnOlderFile) {
+    Write("from", "new");
+    Write("to", "old and longer");
+    EXPECT_EQ(platform::CopyFileTo(PathOf("from"), PathOf("to")), 1);
+    EXPECT_EQ(Read("to"), "new");
+    EXPECT_EQ(Read("from"), "new");
+    EXPECT_EQ(FileCount(), 2);
+}
+
+TEST_F(Files, CopyOfAMissingFileLeavesTheOldOne) {
+    Write("to", "old");
+    EXPECT_EQ(platform::CopyFileTo(PathOf("from"), PathOf("to")), 0);
+    EXPECT_EQ(Read("to"), "old");
+    EXPECT_EQ(FileCount(), 1);
+}
+
+TEST_F(Files, RemovedFileIsGone) {
+    Write("a", "text");
+    EXPECT_TRUE(platform::FileExists(PathOf("a")));
+    platform::RemoveFile(PathOf("a"));
+    EXPECT_FALSE(platform::FileExists(PathOf("a")));
+    platform::RemoveFile(PathOf("a"));  // which is none
+    EXPECT_EQ(FileCount(), 0);
 }
 
 }  // namespace

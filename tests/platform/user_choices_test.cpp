@@ -72,6 +72,18 @@ TEST_F(PopupMenu, ChosenItemIsPostedAsACommand) {
     EXPECT_EQ(log, (std::vector<std::string>{"open", "138/0", "destroy"}));
 }
 
+TEST_F(PopupMenu, MenuAtAPlaceIsAnsweredAndPostsAlike) {
+    platform::SetMenuAnswer([](std::span<const platform::MenuItem> items,
+                               void*) { return items[0].IsChecked ? items[0].Id : 0; },
+                            nullptr);
+    on_open = [](platform::WindowHandle dialog) {
+        static constexpr platform::MenuItem kChecked[] = {{137, "One", true}};
+        platform::ShowPopupMenuAt(dialog, kChecked, 5, 6);
+    };
+    Run(1000);
+    EXPECT_EQ(log, (std::vector<std::string>{"open", "137/0", "destroy"}));
+}
+
 TEST_F(PopupMenu, NothingChosenPostsNothing) {
     platform::SetMenuAnswer([](std::span<const platform::MenuItem>, void*) { return 0; }, nullptr);
     on_open = [](platform::WindowHandle dialog) { platform::ShowPopupMenu(dialog, kItems); };

@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "controls/spinner.h"
-#include "tests/shell/added_list_box.h"
+#include "tests/platform/added_control.h"
 #include "tests/shell/panel_dialog_fixture.h"
 
 namespace tess::test {
@@ -200,7 +200,7 @@ TEST_F(ValueControlsTest, ComboBoxFollowsTheClosingOfItsListAlone) {
 
 TEST_F(ValueControlsTest, ListBoxFollowsEachOfItsNotifications) {
     InPanelDialog([&](WindowHandle dialog) {
-        AddListBox(dialog, kList);
+        platform::test::AddControlTo(dialog, kList, "LISTBOX", 0);
         value = 2;
         BindChoiceList(dialog, kList, "one;two;three", &value);
         EXPECT_EQ(Line(dialog, kList), "CMBBOX900=2\n");
