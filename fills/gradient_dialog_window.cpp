@@ -2,7 +2,6 @@
 #include <algorithm>
 
 #include "controls/color_button.h"
-#include "controls/dialog_view.h"
 #include "fills/gradient_dialog.h"
 #include "fills/gradient_preview.h"
 #include "pipeline/image_painting.h"
@@ -100,9 +99,8 @@ bool ViewPreview(HWND control, UINT message, WPARAM, LPARAM, LRESULT*) {
     return true;
 }
 
-bool ViewGradientDialog(HWND dialog, UINT message, WPARAM w, LPARAM l, LRESULT* result) {
-    if (message == WM_DRAWITEM) return PaintItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(l));
-    return AnswerWithBackground(platform::HandleOf(dialog), message, w, l, result);
+bool ViewGradientDialog(HWND, UINT message, WPARAM, LPARAM l, LRESULT*) {
+    return message == WM_DRAWITEM && PaintItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(l));
 }
 
 }  // namespace

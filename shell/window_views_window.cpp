@@ -10,10 +10,10 @@
 namespace tess {
 
 void InstallWindowViews() {
+    InstallDialogBackground();
     InstallDirectionPickerView();
     InstallNumberEditView();
     InstallSkinnedButtonView();
-    InstallMessageBoxViews();
     InstallGradientDialogView();
     InstallMainDialogView();
     InstallAboutView();
