@@ -1,5 +1,5 @@
 // What controls have in common: class tags, message numbers, the main dialog's ids,
-// texts and messages to the user. The two functions are implemented in shell/messages.cpp.
+// texts and messages to the user. The functions are implemented in shell/messages.cpp.
 #pragma once
 
 #include <cstdint>
@@ -84,5 +84,8 @@ enum class StringId {
 
 /// Shows `text` in a MESSAGEBOX, modally, then updates `owner`.
 void ShowMessage(platform::WindowHandle owner, const char* text);
+
+/// Asks `text` in a YESNOBOX, modally. Returns whether the answer was Yes.
+[[nodiscard]] bool AskYesNo(platform::WindowHandle owner, const char* text);
 
 }  // namespace tess

@@ -12,6 +12,7 @@ namespace {
 
 constexpr int kMessageText = 101;
 constexpr int kFocusedButton = 1;
+constexpr int kYesButton = 6;
 
 /// The procedure of the three message templates: shows the text that it is given,
 /// and ends with the number of whichever button is pressed.
@@ -19,7 +20,7 @@ std::intptr_t MessageProcedure(platform::WindowHandle dialog, std::uint32_t mess
                                std::uintptr_t w, std::intptr_t l) {
     if (message == platform::kMessageOpen) {
         platform::SetControlText(dialog, kMessageText, reinterpret_cast<const char*>(l));
-        for (const int button : {1, 2, 6, 7})
+        for (const int button : {1, 2, kYesButton, 7})
             SkinButton(dialog, button);
         platform::FocusControl(dialog, kFocusedButton);
         platform::CenterOnScreen(dialog);
@@ -29,7 +30,7 @@ std::intptr_t MessageProcedure(platform::WindowHandle dialog, std::uint32_t mess
         switch (const int id = platform::CommandId(w)) {
             case 1:  // OK
             case 2:  // Cancel
-            case 6:  // Yes
+            case kYesButton:
             case 7:  // No
                 platform::EndDialog(dialog, id);
                 return 1;
@@ -53,6 +54,13 @@ const char* LoadStringText(int id) {
 void ShowMessage(platform::WindowHandle owner, const char* text) {
     platform::RunDialog("MESSAGEBOX", owner, MessageProcedure, const_cast<char*>(text));
     if (owner != nullptr) platform::UpdateWindow(owner);
+}
+
+bool AskYesNo(platform::WindowHandle owner, const char* text) {
+    const std::intptr_t answer =
+        platform::RunDialog("YESNOBOX", owner, MessageProcedure, const_cast<char*>(text));
+    if (owner != nullptr) platform::UpdateWindow(owner);
+    return answer == kYesButton;
 }
 
 }  // namespace tess

@@ -1,12 +1,8 @@
 // Atmosphere: fractal clouds in the colours of a fountain, which flow through the
 // clouds without end. Nothing in the picture moves.
 //
-// One field of heights is made by spectral synthesis (D. Saupe, in "The Science of
-// Fractal Images", 1988): random Fourier coefficients, falling off with a power of
-// the frequency, and their inverse transform. Such a field is periodic, so it needs
-// no mirroring. The loop closes because the ring of colours turns once.
-#include <algorithm>
-#include <cmath>
+// One field of heights is made by spectral synthesis. Such a field is periodic, so it
+// needs no mirroring. The loop closes because the ring of colours turns once.
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -14,12 +10,11 @@
 #include "controls/spinner.h"
 #include "pipeline/image_buffers.h"
 #include "platform/block_guards.h"
-#include "runtime/mathematics.h"
 #include "runtime/random.h"
 #include "styles/color_ring.h"
 #include "styles/style_run.h"
 #include "styles/styles.h"
-#include "toolkit/inverse_fourier.h"
+#include "toolkit/spectral_synthesis.h"
 
 namespace tess {
 
@@ -59,107 +54,21 @@ struct AtmosphereState {
     platform::OwnedBlock HeightField;  // grey
 };
 
-using Spectrum = platform::WorkArray<ComplexNumber>;
 using Samples = platform::WorkArray<std::uint8_t>;
 
-double DrawPhase() {
+double PhaseOfDraw(int draw) {
     constexpr double kTwoPi = 2 * 3.141592653589793;
-    return (runtime::rand() & 0x7FFF) * kTwoPi / 32767.0;
+    return draw * kTwoPi / 32767.0;
 }
 
-/// About normally distributed: a sum of four draws.
-double DrawDeviate() {
-    const double spread = std::sqrt(12.0);
-    const double factor = 2 * spread / (32767.0 * 4);
-    int sum = 0;
-    for (int i = 0; i < 4; ++i)
-        sum += runtime::rand();
-    return factor * sum - spread;
-}
-
-/// Draws the coefficients of a spectrum.
-class CoefficientSource {
-public:
-    explicit CoefficientSource(double exponent) : power_(-(exponent + 1) / 2) {}
-
-    /// That of frequency (i, j). The mean of the field, at (0, 0), has a phase and no
-    /// deviate.
-    [[nodiscard]] ComplexNumber Draw(int i, int j) const {
-        const double phase = DrawPhase();
-        double amplitude = 0.0;
-        if (i != 0 || j != 0) {
-            const double deviate = DrawDeviate();
-            amplitude = runtime::Power(i * i + j * j, power_) * deviate;
-        }
-        return {static_cast<float>(amplitude * runtime::Cosine(phase)),
-                static_cast<float>(amplitude * runtime::Sine(phase))};
-    }
-
-private:
-    double power_;
-};
-
-ComplexNumber Conjugate(const ComplexNumber& number) {
-    return {number.Real, -number.Imaginary};
-}
-
-/// Returns size x size numbers, whose real parts are the field; false without
-/// memory. The spectrum is its own mirrored conjugate, so the rest is rounding.
-Spectrum SpectralSynthesis(int size, double exponent) {
-    Spectrum spectrum(static_cast<std::size_t>(size) * static_cast<std::size_t>(size));
-    if (!spectrum) return spectrum;
-    const auto at = [&spectrum, size](int i, int j) -> ComplexNumber& {
-        return spectrum[static_cast<std::size_t>(i) * static_cast<std::size_t>(size) +
-                        static_cast<std::size_t>(j)];
-    };
-    const CoefficientSource source(exponent);
-    const int half = size / 2;
-    for (int i = 0; i <= half; ++i) {
-        for (int j = 0; j <= half; ++j) {
-            const ComplexNumber number = source.Draw(i, j);
-            at(i, j) = number;
-            at(i == 0 ? 0 : size - i, j == 0 ? 0 : size - j) = Conjugate(number);
-        }
-    }
-    at(half, 0).Imaginary = 0.0F;
-    at(0, half).Imaginary = 0.0F;
-    at(half, half).Imaginary = 0.0F;
-    for (int i = 1; i < half; ++i) {
-        for (int j = 1; j < half; ++j) {
-            const ComplexNumber number = source.Draw(i, j);
-            at(i, size - j) = number;
-            at(size - i, j) = Conjugate(number);
-        }
-    }
-    InverseFourier2D(spectrum.data(), size);
-    return spectrum;
-}
-
-/// Lifts the positive heights to a power.
-void ApplyPower(Spectrum& field, double power) {
-    if (power == 1.0) return;
-    for (ComplexNumber& number : field) {
-        if (number.Real > 0.0F) {
-            number.Real = static_cast<float>(runtime::Power(double{number.Real}, power));
-        }
-    }
-}
-
-/// Scales the field to -1 to 1 and that to bytes. The last byte is there twice,
-/// since the resampling reads one beyond. False without memory.
+/// Scales the field to bytes. The last byte is there twice, since the resampling
+/// reads one beyond. False without memory.
 Samples MakeSamples(Spectrum& field) {
     Samples samples(field.size() + 1);
     if (!samples) return samples;
-    const auto [lowest, highest] = std::minmax_element(
-        field.begin(), field.end(), [](const auto& a, const auto& b) { return a.Real < b.Real; });
-    const double low = lowest->Real, high = highest->Real;
-    const double middle = (low + high) * 0.5, reach = (high - low) * 0.5;
-    for (std::size_t i = 0; i < field.size(); ++i) {
-        // A field without any height has nothing to scale by.
-        const auto height =
-            reach == 0.0 ? 0.0F : static_cast<float>((field[i].Real - middle) / reach);
-        samples[i] = static_cast<std::uint8_t>((height + 1.0) * 255.0 * 0.5);
-    }
+    ScaleHeights(field);
+    for (std::size_t i = 0; i < field.size(); ++i)
+        samples[i] = static_cast<std::uint8_t>((field[i].Real + 1.0) * 255.0 * 0.5);
     samples[field.size()] = samples[field.size() - 1];
     return samples;
 }
@@ -191,9 +100,9 @@ int Resample(const Samples& samples, std::size_t size, const SamplePlace& column
 
 ImageHandle MakeCloudField(int width, int height, const AtmosphereState& state) {
     runtime::srand(static_cast<unsigned>(state.Seed));
-    Spectrum field = SpectralSynthesis(state.MeshSize, 3.0 - state.Dimension);
+    Spectrum field = SpectralSynthesis(state.MeshSize, 3.0 - state.Dimension, PhaseOfDraw);
     if (!field) return nullptr;
-    ApplyPower(field, state.Power);
+    LiftHeights(field, state.Power);
     const Samples samples = MakeSamples(field);
     platform::OwnedBlock picture(NewPackedDib(width, height, nullptr, 24));
     const LockedImage image(picture.Get());

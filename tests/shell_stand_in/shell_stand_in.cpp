@@ -48,6 +48,12 @@ void ShowMessage(platform::WindowHandle, const char* text) {
     test::Shell().messages.emplace_back(text);
 }
 
+bool AskYesNo(platform::WindowHandle, const char* text) {
+    test::Events().push_back(std::string("Question ") + text);
+    test::Shell().messages.emplace_back(text);
+    return test::Shell().says_yes;
+}
+
 }  // namespace tess
 
 namespace tess::test {

@@ -20,7 +20,9 @@ struct ShellStandIn {
     ColorWord background = kNoBackground;
     /// LoadStringText finds no entry.
     bool damaged_strings = false;
-    /// What ShowMessage was given; recorded as "Message TEXT".
+    /// What AskYesNo answers; recorded as "Question TEXT".
+    bool says_yes = false;
+    /// What ShowMessage and AskYesNo were given; recorded as "Message TEXT".
     std::vector<std::string> messages;
 };
 
