@@ -15,6 +15,7 @@ void InstallWindowViews() {
     InstallNumberEditView();
     InstallSkinnedButtonView();
     InstallGradientDialogView();
+    InstallDialogBackground();
     InstallMainDialogView();
     InstallAboutView();
 }
