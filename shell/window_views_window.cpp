@@ -15,7 +15,6 @@ void InstallWindowViews() {
     InstallNumberEditView();
     InstallSkinnedButtonView();
     InstallGradientDialogView();
-    InstallDialogBackground();
     InstallMainDialogView();
     InstallAboutView();
 }
