@@ -21,12 +21,13 @@
 #include "controls/control_line.h"
 #include "controls/dialog_background.h"
 #include "fills/matrix_group_file.h"
+#include "fills/texture_group_file.h"
 #include "pipeline/remapping.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/keyboard.h"
+#include "platform/text_lines.h"
 #include "shell/style_table.h"
-#include "shell/text_lines.h"
 
 namespace tess {
 
@@ -58,16 +59,15 @@ std::uint32_t ShowFileOpenPreview = 1;
 std::uint32_t UpdateDelay = 1000;
 std::uint32_t VersionNumber = 512;
 
-// The group file that the texture dialog opens.
-char DefaultTextureFileName[kBoundTextBytes] = "vorbelx1.fft";
-
+// The group files that the texture and tile dialogs open.
+static_assert(kTextureGroupFileBytes == kBoundTextBytes);
 static_assert(kMatrixGroupFileBytes == kBoundTextBytes);
 
 constexpr ConfigKey kGeneralKeys[] = {
     {"AddDescriptiveCommentBlock", &AddDescriptiveCommentBlock, kNumberKey},
     {"AccentCompensation", &AccentCompensation, kNumberKey},
     {"CurrentFileName", CurrentFileName, kTextKey},
-    {"DefaultTextureFileName", DefaultTextureFileName, kTextKey},
+    {"DefaultTextureFileName", TextureGroupFile, kTextKey},
     {"DitherBrightness", &DitherBrightness, kNumberKey},
     {"DitherContrast", &DitherContrast, kNumberKey},
     {"FastRemap", &FastRemap, kNumberKey},
@@ -138,7 +138,7 @@ void ReadLine(char* line) {
     }
 }
 
-void ReadLines(TextLines lines) {
+void ReadLines(platform::TextLines lines) {
     char line[kLineBytes + 1];
     while (lines.Next(line))
         ReadLine(line);
@@ -175,7 +175,7 @@ void WriteConfiguration() {
 int ReadConfigurationFile(const char* path) {
     std::FILE* stream = platform::OpenFile(path, "rb");
     if (stream == nullptr) return 0;
-    ReadLines(TextLines(stream));
+    ReadLines(platform::TextLines(stream));
     const bool is_whole = std::ferror(stream) == 0;
     std::fclose(stream);
     return is_whole ? 1 : 0;
@@ -189,7 +189,7 @@ int WriteConfigurationFile(const char* path) {
 }
 
 void ReadConfigurationText(std::string_view text) {
-    ReadLines(TextLines(text));
+    ReadLines(platform::TextLines(text));
 }
 
 void PrintConfiguration(std::FILE* stream) {

@@ -13,8 +13,8 @@
 
 #include "controls/control_line.h"
 #include "platform/files.h"
+#include "platform/text_lines.h"
 #include "shell/control_contract.h"
-#include "shell/text_lines.h"
 
 namespace tess {
 
@@ -46,7 +46,7 @@ void ApplyLine(WindowHandle dialog, char* line) {
     platform::SendToWindow(control, LoadControl, 0, reinterpret_cast<std::intptr_t>(line));
 }
 
-int ReadLines(WindowHandle dialog, TextLines lines) {
+int ReadLines(WindowHandle dialog, platform::TextLines lines) {
     LineBuffer line;
     // An empty file counts as a correct one.
     if (lines.Next(line.text) && !IsDocumentHeader(line.text)) {
@@ -66,7 +66,7 @@ int ReadDocument(WindowHandle dialog, const char* path) {
         ShowMessage(dialog, kCannotOpen);
         return 0;
     }
-    const int is_document = ReadLines(dialog, TextLines(stream));
+    const int is_document = ReadLines(dialog, platform::TextLines(stream));
     // A folder can be opened on some systems, but not read.
     const bool is_whole = std::ferror(stream) == 0;
     std::fclose(stream);
@@ -76,7 +76,7 @@ int ReadDocument(WindowHandle dialog, const char* path) {
 }
 
 int ReadDocumentText(WindowHandle dialog, std::string_view text) {
-    if (ReadLines(dialog, TextLines(text)) == 0) return 0;
+    if (ReadLines(dialog, platform::TextLines(text)) == 0) return 0;
     platform::SendToWindow(dialog, ShowStyle, 0, 0);
     return 1;
 }

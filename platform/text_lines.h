@@ -6,7 +6,7 @@
 #include <span>
 #include <string_view>
 
-namespace tess {
+namespace platform {
 
 /// Reads lines as `fgets` does of a file in text mode: a line ends with LF, CR LF
 /// counts as LF, and what does not fit into the buffer is read as a line of its own.
@@ -30,4 +30,4 @@ private:
     std::string_view text_;
 };
 
-}  // namespace tess
+}  // namespace platform

@@ -1,6 +1,6 @@
-#include "shell/text_lines.h"
+#include "platform/text_lines.h"
 
-namespace tess {
+namespace platform {
 
 bool TextLines::Next(std::span<char> line) {
     std::size_t length = 0;
@@ -29,4 +29,4 @@ int TextLines::Peek() {
     return c == EOF ? EOF : std::ungetc(c, stream_);
 }
 
-}  // namespace tess
+}  // namespace platform
