@@ -20,9 +20,8 @@ constexpr int kDefaultTile = 9908;
 constexpr std::size_t kPixelBytes = 3;
 
 /// The default tile where it stands in the resources, or null.
-const PackedDib* DefaultTile(std::size_t* bytes) {
+const PackedDib* DefaultTile() {
     const auto stored = platform::FindData(kDefaultTile);
-    *bytes = stored.size();
     if (!IsWholePicture(stored.data(), stored.size())) return nullptr;
     return reinterpret_cast<const PackedDib*>(stored.data());
 }
@@ -78,9 +77,9 @@ void FillWith(PackedDib* target, const PackedDib* source) {
 
 int InitMatrixTile(MatrixTile* tile) {
     *tile = {};
-    std::size_t bytes = 0;
-    const PackedDib* source = DefaultTile(&bytes);
+    const PackedDib* source = DefaultTile();
     if (source == nullptr) return 0;
+    const std::size_t bytes = platform::FindData(kDefaultTile).size();
     OwnedBlock copy(platform::AllocateBlock(bytes));
     {
         const LockedImage image(copy.Get());
@@ -101,14 +100,20 @@ void SetMatrixTilePath(MatrixTile* tile, std::string_view path) {
     path.copy(tile->File, sizeof tile->File - 1);
 }
 
+platform::PixelSize MatrixPictureSize(const MatrixTile& tile) {
+    const LockedImage own(tile.Image);
+    const PackedDib* source = own ? own.Get() : DefaultTile();
+    if (source == nullptr) return {0, 0};
+    return {source->Width, source->Height};
+}
+
 ImageHandle RenderMatrixTile(const MatrixTile& tile) {
     const std::int64_t width = std::int64_t{tile.TargetRect.right} - tile.TargetRect.left;
     const std::int64_t height = std::int64_t{tile.TargetRect.bottom} - tile.TargetRect.top;
     constexpr std::int64_t kLargest = std::numeric_limits<std::int32_t>::max();
     if (width > kLargest || height > kLargest || width < 0 || height < 0) return nullptr;
     const LockedImage own(tile.Image);
-    std::size_t bytes = 0;
-    const PackedDib* source = own ? own.Get() : DefaultTile(&bytes);
+    const PackedDib* source = own ? own.Get() : DefaultTile();
     // Repeating a picture without rows or columns would never end.
     if (source == nullptr || source->Width < 1 || source->Height < 1) return nullptr;
     OwnedBlock result(NewPackedDib(static_cast<int>(width), static_cast<int>(height), nullptr, 24));

@@ -8,6 +8,7 @@
 
 #include "pipeline/image_buffers.h"
 #include "platform/block_guards.h"
+#include "platform/screen.h"
 #include "raster/drawing_context.h"
 
 namespace tess {
@@ -39,6 +40,10 @@ using LockedMatrixTile = platform::LockedBlock<MatrixTile>;
 [[nodiscard]] std::string_view MatrixTilePath(const MatrixTile& tile);
 /// Cuts a path that does not fit.
 void SetMatrixTilePath(MatrixTile* tile, std::string_view path);
+
+/// The size of the picture that the tile is drawn with: its own, or the default tile's
+/// where it has none.
+[[nodiscard]] platform::PixelSize MatrixPictureSize(const MatrixTile& tile);
 
 /// Returns a new 24-bit picture of the target rectangle's size, filled with the
 /// tile's picture from the top left, or with the default tile where it has none;

@@ -21,7 +21,6 @@ constexpr std::size_t kHandleBytes = 8;
 
 // Where a record holds handles of pictures. They mean nothing outside the run that
 // made them, so a record that is read has none.
-constexpr std::size_t kMatrixHandles[] = {265};
 constexpr std::size_t kMaterialHandles[] = {68 + 281, 921 + 265, 1242};
 
 struct RecordKind {
@@ -29,7 +28,6 @@ struct RecordKind {
     std::size_t bytes;
     std::span<const std::size_t> handles;
 };
-constexpr RecordKind kMatrix{kMatrixTag, kMatrixTileBytes, kMatrixHandles};
 constexpr RecordKind kMaterial{kMaterialTag, kMaterialBytes, kMaterialHandles};
 
 MemoryHandle RecordOf(WindowHandle control) {
@@ -67,13 +65,6 @@ std::intptr_t Load(const RecordKind& kind, WindowHandle control, const char* lin
     return 1;
 }
 
-std::int32_t ElementOf(WindowHandle control) {
-    const LockedBlock<std::uint8_t> record = LockRecord(control);
-    std::int32_t element = 0;
-    if (record) std::memcpy(&element, record.Get() + kMatrixElementOffset, sizeof element);
-    return element;
-}
-
 template <const RecordKind& Kind>
 std::intptr_t RecordProcedure(WindowHandle control, std::uint32_t message, std::uintptr_t w,
                               std::intptr_t l) {
@@ -82,9 +73,6 @@ std::intptr_t RecordProcedure(WindowHandle control, std::uint32_t message, std::
             return Save(Kind, control, reinterpret_cast<std::FILE*>(l));
         case LoadControl:
             return Load(Kind, control, reinterpret_cast<const char*>(l));
-        case ReadControlValue:
-            if (&Kind == &kMatrix) return ElementOf(control);
-            break;
         case platform::kMessageDestroy:
             ReplaceRecord(control, nullptr);
             break;
@@ -104,13 +92,6 @@ WindowHandle Install(WindowHandle dialog, int id) {
 }
 
 }  // namespace
-
-void BindMatrixControl(WindowHandle dialog, int id, std::uint32_t element) {
-    const WindowHandle control = Install<kMatrix>(dialog, id);
-    if (control == nullptr) return;
-    const LockedBlock<std::uint8_t> record = LockRecord(control);
-    if (record) std::memcpy(record.Get() + kMatrixElementOffset, &element, sizeof element);
-}
 
 void BindMaterialControl(WindowHandle dialog, int id) {
     Install<kMaterial>(dialog, id);

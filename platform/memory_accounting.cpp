@@ -48,9 +48,10 @@ void NoteResized(std::size_t old_bytes, std::size_t new_bytes) {
     accounts.use.peak_bytes = std::max(accounts.use.peak_bytes, accounts.use.live_bytes);
 }
 
+// A block that the host made, another program, was never counted here.
 void NoteFreed(std::size_t bytes) {
-    --accounts.use.live_blocks;
-    accounts.use.live_bytes -= bytes;
+    if (accounts.use.live_blocks > 0) --accounts.use.live_blocks;
+    accounts.use.live_bytes -= std::min(bytes, accounts.use.live_bytes);
 }
 
 MemoryUse CurrentMemoryUse() {

@@ -4,7 +4,7 @@
 
 #include "controls/direction_picker.h"
 #include "fills/fountain_control.h"
-#include "fills/record_control.h"
+#include "fills/matrix_control.h"
 #include "platform/dialog.h"
 #include "platform/resources.h"
 #include "shell/control_contract.h"

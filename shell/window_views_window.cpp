@@ -3,6 +3,8 @@
 #include "controls/number_edit.h"
 #include "controls/skinned_button.h"
 #include "fills/gradient_dialog.h"
+#include "fills/matrix_control.h"
+#include "fills/matrix_dialog.h"
 #include "shell/about_dialog.h"
 #include "shell/main_dialog.h"
 #include "shell/window_views.h"
@@ -15,6 +17,8 @@ void InstallWindowViews() {
     InstallNumberEditView();
     InstallSkinnedButtonView();
     InstallGradientDialogView();
+    InstallMatrixControlView();
+    InstallMatrixDialogView();
     InstallMainDialogView();
     InstallAboutView();
 }

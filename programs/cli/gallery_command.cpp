@@ -3,6 +3,7 @@
 // processes of their own.
 #include <cstdio>
 #include <filesystem>
+#include <numeric>
 #include <string>
 #include <sys/wait.h>
 #include <system_error>
@@ -14,17 +15,14 @@
 #include "programs/cli/commands.h"
 #include "programs/cli/session.h"
 #include "programs/cli/style_names.h"
-#include "styles/undrawn.h"
 
 namespace tess {
 namespace {
 
-std::vector<int> DrawnStyles() {
-    std::vector<int> drawn;
-    for (int i = 0; i < kStyleCount; ++i) {
-        if (StyleTable[i]->Build != UndrawnSlot) drawn.push_back(i);
-    }
-    return drawn;
+std::vector<int> AllStyles() {
+    std::vector<int> all(kStyleCount);
+    std::iota(all.begin(), all.end(), 0);
+    return all;
 }
 
 std::string FileOf(int style) {
@@ -119,7 +117,7 @@ int RunGallery(const Request& request) {
         TellUser(request.Output + ": the folder cannot be made");
         return kFailed;
     }
-    const std::vector<int> styles = DrawnStyles();
+    const std::vector<int> styles = AllStyles();
     if (!BuildSideBySide(request, styles)) return kFailed;
     const std::string page = (std::filesystem::path(request.Output) / "index.html").string();
     if (WritePage(page, styles) == 0) {

@@ -62,6 +62,7 @@ constexpr Symbol kSymbols[] = {
     {"LBS_NOTIFY", 1},
     {"LBS_OWNERDRAWFIXED", 0x0010},
     {"LBS_HASSTRINGS", 0x0040},
+    {"LBS_MULTICOLUMN", 0x0200},
     {"LBS_NOINTEGRALHEIGHT", 0x0100},
     {"LBS_WANTKEYBOARDINPUT", 0x0400},
     {"TBS_AUTOTICKS", 0x0001},

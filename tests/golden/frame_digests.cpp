@@ -15,12 +15,14 @@
 #include "controls/direction_picker.h"
 #include "controls/spinner.h"
 #include "fills/fountain.h"
+#include "fills/matrix_control.h"
 #include "platform/dialog.h"
 #include "platform/files.h"
 #include "platform/headless_user.h"
 #include "shell/control_contract.h"
 #include "shell/main_dialog.h"
 #include "shell/style_table.h"
+#include "tests/support/random_pictures.h"
 #include "tests/support/sha256.h"
 
 namespace tess::test {
@@ -99,6 +101,20 @@ int LoadRandomFountain(Run& run, WindowHandle dialog, int id) {
     return fountain.Count;
 }
 
+/// Gives a matrix tile control a random picture. Returns its seed.
+int LoadRandomTile(Run& run, WindowHandle dialog, int id) {
+    constexpr int kDepths[] = {1, 4, 8, 24, 32};
+    const int width = 1 + static_cast<int>(Draw(run, 100));
+    const int height = 1 + static_cast<int>(Draw(run, 100));
+    const int bits = kDepths[Draw(run, 5)];
+    const std::uint32_t seed = Draw(run, 0x1000000);
+    const LockedMatrixTile tile = LockMatrixTile(platform::Control(dialog, id));
+    if (!tile) return -1;
+    platform::FreeBlock(tile->Image);
+    tile->Image = testing::RandomPicture(width, height, bits, seed);
+    return static_cast<int>(seed);
+}
+
 /// Sets one control to a random value, and adds it to the line that is printed.
 void SetRandomly(Run& run, WindowHandle dialog, const StyleParameter& parameter,
                  std::string* line) {
@@ -135,7 +151,8 @@ void SetRandomly(Run& run, WindowHandle dialog, const StyleParameter& parameter,
             value = LoadRandomFountain(run, dialog, id);
             break;
         case ParameterKind::Matrix:
-            return;
+            value = LoadRandomTile(run, dialog, id);
+            break;
     }
     char text[32];
     std::snprintf(text, sizeof text, " %d=%d", id, value);
@@ -150,7 +167,12 @@ void PrintDigest(Run& run, WindowHandle dialog, const std::string& settings) {
     context.Frames = &frames;
     context.Host = &services;
     const StyleEntry& style = *StyleTable[run.style];
-    const bool built = style.Build(&context) != 0;
+    // The dialog has painted a sample before anyone builds, which Mural relies on.
+    StyleContext sample{};
+    sample.Dialog = dialog;
+    const bool tested = style.Test(&sample) != 0;
+    platform::FreeBlock(sample.Result);
+    const bool built = tested && style.Build(&context) != 0;
     Sha256 digest;
     {
         const platform::LockedBlock<const FrameRecord> records(frames.Records);

@@ -1,0 +1,363 @@
+// The dialog works on a copy of the tile's record and on the list of elements, which
+// stands for the current group's file until OK writes it back. A selection that the
+// user makes, or that the dialog makes for him after a deletion, goes to the record;
+// the one that the dialog opens with only marks the first element, so that OK alone
+// changes nothing.
+#include "fills/matrix_dialog.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <string>
+
+#include "controls/current_host.h"
+#include "controls/help.h"
+#include "controls/skinned_button.h"
+#include "fills/group_list.h"
+#include "fills/matrix_element_list.h"
+#include "fills/matrix_group_file.h"
+#include "fills/name_box.h"
+#include "pipeline/picture_check.h"
+#include "platform/files.h"
+#include "platform/keyboard.h"
+#include "platform/list_box.h"
+#include "platform/popup_menu.h"
+#include "shell/control_contract.h"
+#include "shell/host_interface.h"
+
+namespace tess {
+
+namespace {
+
+using platform::Notification;
+using platform::OwnedBlock;
+using platform::WindowHandle;
+
+enum Control : int {
+    kOk = 1,
+    kCancel = 2,
+    kHelp = 9,
+    kAdd = 103,
+    kDelete = 104,
+    kSizeText = 105,
+    kGroups = 108,
+};
+
+constexpr int kNameBox = 9967;
+constexpr char kGroupExtension[] = ".mtx";
+constexpr char kGroupForm[] = "%s.MTX";
+
+constexpr char kNotLoaded[] = "There has been an error loading the matrix element file.";
+constexpr char kNotAdded[] = "There has been an error adding your matrix tile.";
+constexpr char kTooLarge[] = "The selected image is too large to be a matrix tile.";
+constexpr char kNotWriteable[] =
+    "This file cannot be edited or overwritten.\n\nThe default matix set cannot be modified. To "
+    "edit this file, save it to a new name. Hold down the Shift key and click on the + button.";
+constexpr char kNotDeletable[] = "The primary matrix group cannot be deleted.";
+constexpr char kDeleteQuestion[] =
+    "Do you want to delete the %s matrix group?\n\nClick on Yes to delete this file, or No to "
+    "abort.";
+
+/// The record of the dialog that runs.
+MatrixTile* working_tile = nullptr;
+
+int SelectedElement(WindowHandle dialog) {
+    return platform::Selection(dialog, kMatrixElementList);
+}
+
+void UpdateDeleteButton(WindowHandle dialog) {
+    platform::EnableControl(
+        dialog, kDelete,
+        platform::ItemCount(dialog, kMatrixElementList) > 0 && SelectedElement(dialog) >= 0);
+}
+
+void UpdateSizeText(WindowHandle dialog) {
+    const platform::PixelSize size = MatrixPictureSize(*working_tile);
+    char text[64];
+    std::snprintf(text, sizeof text, "%d x %d", size.Width, size.Height);
+    platform::SetControlText(dialog, kSizeText, text);
+}
+
+/// Takes the selected element into the record.
+void TakeSelection(WindowHandle dialog) {
+    const int index = SelectedElement(dialog);
+    if (index >= 0) {
+        OwnedBlock copy(DuplicateImage(MatrixElementAt(dialog, index)));
+        if (!copy) return ShowMessage(dialog, LoadStringText(StringId::MemoryError));
+        platform::FreeBlock(working_tile->Image);
+        working_tile->Image = copy.Release();
+        working_tile->Element = index;
+        SetMatrixTilePath(working_tile, platform::PluginFile(MatrixGroupFile));
+        platform::RepaintControl(dialog, kMatrixPreview);
+        UpdateSizeText(dialog);
+    }
+    UpdateDeleteButton(dialog);
+}
+
+void SelectElement(WindowHandle dialog, int index) {
+    platform::SetSelection(dialog, kMatrixElementList, index);
+    TakeSelection(dialog);
+}
+
+// --- Groups
+
+/// The name of a group's file as the list shows it.
+std::string GroupNameOf(const char* file) {
+    const std::string name = file;
+    return name.substr(0, name.find('.'));
+}
+
+bool IsSameName(const std::string& one, const std::string& other) {
+    const auto small = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 32) : c; };
+    return one.size() == other.size() &&
+           std::equal(one.begin(), one.end(), other.begin(),
+                      [&](char a, char b) { return small(a) == small(b); });
+}
+
+/// The place of a group in the list of groups, -1 for one that is not there.
+int FindGroup(WindowHandle dialog, const std::string& name) {
+    for (int i = 0; i < platform::ItemCount(dialog, kGroups); ++i) {
+        if (IsSameName(platform::ItemText(dialog, kGroups, i), name)) return i;
+    }
+    return -1;
+}
+
+void SelectCurrentGroup(WindowHandle dialog) {
+    platform::SetSelection(dialog, kGroups, FindGroup(dialog, GroupNameOf(MatrixGroupFile)));
+}
+
+void SetGroupFile(const std::string& name) {
+    std::snprintf(MatrixGroupFile, sizeof MatrixGroupFile, kGroupForm, name.c_str());
+}
+
+void LoadGroup(WindowHandle dialog) {
+    int is_loaded = 0;
+    {
+        const platform::WaitCursor wait;
+        is_loaded = LoadMatrixGroup(dialog);
+    }
+    if (is_loaded == 0) ShowMessage(dialog, kNotLoaded);
+    UpdateDeleteButton(dialog);
+}
+
+void ChooseGroup(WindowHandle dialog) {
+    const int index = platform::Selection(dialog, kGroups);
+    if (index < 0) return;
+    SetGroupFile(platform::ItemText(dialog, kGroups, index));
+    LoadGroup(dialog);
+}
+
+/// Saves the elements as a new group, and goes on with that.
+void AddGroup(WindowHandle dialog) {
+    std::string name = "Untitled";
+    if (!AskName(dialog, kNameBox, &name)) return;
+    // A name with a folder in it would leave the user's own.
+    const bool is_name = name.find_first_of("/\\:") == std::string::npos;
+    if (is_name) SetGroupFile(name);
+    if (!is_name || SaveMatrixGroup(dialog) == 0)
+        return ShowMessage(dialog, LoadStringText(StringId::ErrorWritingFile));
+    if (FindGroup(dialog, GroupNameOf(MatrixGroupFile)) < 0)
+        platform::AddItem(dialog, kGroups, GroupNameOf(MatrixGroupFile));
+    SelectCurrentGroup(dialog);
+    CurrentMatrixGroup.IsWriteable = true;
+}
+
+void DeleteGroup(WindowHandle dialog) {
+    if (!CurrentMatrixGroup.IsWriteable) return ShowMessage(dialog, kNotDeletable);
+    char question[512];
+    std::snprintf(question, sizeof question, kDeleteQuestion, GroupNameOf(MatrixGroupFile).c_str());
+    if (!AskYesNo(dialog, question)) return;
+    if (platform::MoveToRecycleBin(platform::PluginFile(MatrixGroupFile)) == 0)
+        return ShowMessage(dialog, LoadStringText(StringId::ErrorWritingFile));
+    platform::DeleteListItem(dialog, kGroups, FindGroup(dialog, GroupNameOf(MatrixGroupFile)));
+    std::snprintf(MatrixGroupFile, sizeof MatrixGroupFile, "%s", kDefaultMatrixGroup);
+    SelectCurrentGroup(dialog);
+    // The elements of the group that is gone must not stay for OK to write them over
+    // the one that follows it.
+    CurrentMatrixGroup = {};
+    FreeMatrixElements(dialog);
+    LoadGroup(dialog);
+}
+
+// --- Elements
+
+bool IsTooLarge(const PackedDib& image) {
+    constexpr int kLargest = 512;  // one side alone may exceed it
+    return image.Width > kLargest && image.Height > kLargest;
+}
+
+/// The picture at 24 bits, a new one owned by the caller, or null.
+ImageHandle CopyAt24Bits(ImageHandle image) {
+    MatrixTile tile{};
+    {
+        const LockedImage source(image);
+        if (!source) return nullptr;
+        tile.TargetRect = {0, 0, source->Width, source->Height};
+    }
+    tile.Image = image;
+    return RenderMatrixTile(tile);
+}
+
+/// Asks the host for a picture. Returns a copy, owned by the caller, or null after
+/// telling the user of a failure.
+ImageHandle ImportPicture(WindowHandle dialog) {
+    char path[512] = "";
+    const auto owner = static_cast<std::int64_t>(reinterpret_cast<std::intptr_t>(dialog));
+    if (CurrentHost == nullptr ||
+        CallHost(CurrentHost, nullptr, HostOp::ChooseImageFile, owner, path) == 0)
+        return nullptr;
+    const std::int64_t answer = CallHost(CurrentHost, nullptr, HostOp::LoadImageFile, 0, path);
+    const OwnedBlock loaded(reinterpret_cast<ImageHandle>(static_cast<std::intptr_t>(answer)));
+    if (!IsWholePicture(loaded.Get())) {
+        ShowMessage(dialog, LoadStringText(StringId::ErrorReadingFile));
+        return nullptr;
+    }
+    bool is_too_large = true;
+    if (const LockedImage image(loaded.Get()); image) is_too_large = IsTooLarge(*image.Get());
+    if (is_too_large) {
+        ShowMessage(dialog, kTooLarge);
+        return nullptr;
+    }
+    const ImageHandle copy = CopyAt24Bits(loaded.Get());
+    if (copy == nullptr) ShowMessage(dialog, LoadStringText(StringId::MemoryError));
+    return copy;
+}
+
+void AddElement(WindowHandle dialog) {
+    if (!CurrentMatrixGroup.IsWriteable) return ShowMessage(dialog, kNotWriteable);
+    OwnedBlock element(ImportPicture(dialog));
+    if (!element) return;
+    if (AddMatrixElement(dialog, element.Get()) == 0) return ShowMessage(dialog, kNotAdded);
+    static_cast<void>(element.Release());  // the list owns it now
+    CurrentMatrixGroup.IsDirty = true;
+    UpdateDeleteButton(dialog);
+}
+
+void DeleteElement(WindowHandle dialog) {
+    const int index = SelectedElement(dialog);
+    if (index < 0) return;
+    if (!CurrentMatrixGroup.IsWriteable) return ShowMessage(dialog, kNotWriteable);
+    DeleteMatrixElement(dialog, index);
+    CurrentMatrixGroup.IsDirty = true;
+    // Behind the last element there is none to select.
+    SelectElement(dialog, index < platform::ItemCount(dialog, kMatrixElementList) ? index : -1);
+}
+
+// --- The dialog
+
+void Open(WindowHandle dialog) {
+    for (const int button : {kOk, kCancel, kHelp, kAdd, kDelete})
+        SkinButton(dialog, button);
+    CurrentMatrixGroup = {};
+    platform::InstallControl(dialog, kMatrixElementList, "", MatrixListProcedure);
+    platform::SetListItemSize(dialog, kMatrixElementList, {kMatrixElementSide, kMatrixElementSide});
+    LoadGroup(dialog);
+    platform::SetSelection(dialog, kMatrixElementList,
+                           platform::ItemCount(dialog, kMatrixElementList) > 0 ? 0 : -1);
+    for (const std::string& name : GroupNames(kGroupExtension))
+        platform::AddItem(dialog, kGroups, name);
+    SelectCurrentGroup(dialog);
+    UpdateSizeText(dialog);
+    UpdateDeleteButton(dialog);
+    platform::CenterOnScreen(dialog);
+}
+
+void Accept(WindowHandle dialog) {
+    if (CurrentMatrixGroup.IsDirty) {
+        int is_saved = 0;
+        {
+            const platform::WaitCursor wait;
+            is_saved = SaveMatrixGroup(dialog);
+        }
+        if (is_saved == 0) ShowMessage(dialog, LoadStringText(StringId::ErrorWritingFile));
+    }
+    platform::EndDialog(dialog, 1);
+}
+
+void OnCommand(WindowHandle dialog, int id, Notification notification) {
+    switch (id) {
+        case kOk:
+            return Accept(dialog);
+        case kCancel:
+            return platform::EndDialog(dialog, 0);
+        case kHelp:
+            return ShowHelp(dialog, "TILE");
+        case kAdd:
+            return platform::IsShiftHeld() ? AddGroup(dialog) : AddElement(dialog);
+        case kDelete:
+            return platform::IsShiftHeld() ? DeleteGroup(dialog) : DeleteElement(dialog);
+        case kMatrixElementList:
+            if (notification == Notification::ListSelected) TakeSelection(dialog);
+            if (notification == Notification::ListDoubleClicked) Accept(dialog);
+            return;
+        case kGroups:
+            if (notification == Notification::ComboClosed) ChooseGroup(dialog);
+            return;
+        default:
+            return;
+    }
+}
+
+std::intptr_t MatrixDialogProcedure(WindowHandle dialog, std::uint32_t message, std::uintptr_t w,
+                                    std::intptr_t) {
+    switch (message) {
+        case platform::kMessageOpen:
+            Open(dialog);
+            return 1;
+        case platform::kMessageCommand:
+            OnCommand(dialog, platform::CommandId(w), platform::CommandNotification(w));
+            return 1;
+        case platform::kMessageDestroy:
+            FreeMatrixElements(dialog);
+            return 1;
+        default:
+            return 0;
+    }
+}
+
+}  // namespace
+
+int EditMatrixTile(WindowHandle owner, MatrixTile* tile) {
+    MatrixTile copy = *tile;
+    if (tile->Image != nullptr) {
+        copy.Image = DuplicateImage(tile->Image);
+        if (copy.Image == nullptr) {
+            ShowMessage(owner, LoadStringText(StringId::MemoryError));
+            return 0;
+        }
+    }
+    working_tile = &copy;
+    const std::intptr_t result =
+        platform::RunDialog(kMatrixDialogTemplate, owner, MatrixDialogProcedure, nullptr);
+    working_tile = nullptr;
+    if (result != 1) {
+        platform::FreeBlock(copy.Image);
+        return 0;
+    }
+    platform::FreeBlock(tile->Image);
+    *tile = copy;
+    return 1;
+}
+
+ImageHandle RenderMatrixPreview(WindowHandle dialog) {
+    constexpr int kEdge = 2;
+    if (working_tile == nullptr) return nullptr;
+    const platform::PixelSize size =
+        platform::ClientSize(platform::Control(dialog, kMatrixPreview));
+    MatrixTile shown = *working_tile;
+    shown.TargetRect = {kEdge, kEdge, size.Width - kEdge, size.Height - kEdge};
+    return RenderMatrixTile(shown);
+}
+
+std::intptr_t MatrixListProcedure(WindowHandle list, std::uint32_t message, std::uintptr_t w,
+                                  std::intptr_t l) {
+    return platform::CallOriginal(list, message, w, l);
+}
+
+void ShowMatrixElementMenu(WindowHandle dialog, int index) {
+    if (index < 0 || index >= platform::ItemCount(dialog, kMatrixElementList)) return;
+    SelectElement(dialog, index);
+    const platform::MenuItem items[] = {{kDelete, "&Delete"}};
+    platform::ShowPopupMenu(dialog, items);
+}
+
+}  // namespace tess
