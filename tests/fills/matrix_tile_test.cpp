@@ -129,7 +129,7 @@ TEST(RenderMatrixTile, CrossedAndImmenseRectanglesFail) {
 }
 
 TEST(RenderMatrixTile, PictureWithoutRowsOrColumnsFails) {
-    for (const auto [width, height] : {std::pair{0, 4}, std::pair{4, 0}}) {
+    for (const auto& [width, height] : {std::pair{0, 4}, std::pair{4, 0}}) {
         const platform::OwnedBlock picture(NewPackedDib(width, height, nullptr, 24));
         MatrixTile tile{};
         tile.Image = picture.Get();
