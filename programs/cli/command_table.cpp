@@ -107,6 +107,14 @@ bool ApplyDelay(Request& request, std::string_view value) {
     return TakeNumber(request.Delay, value, 1, 65535);
 }
 
+bool ApplySize(Request& request, std::string_view value) {
+    constexpr int kLargest = 16384;
+    const std::size_t sign = value.find('x');
+    return sign != std::string_view::npos &&
+           TakeNumber(request.Width, value.substr(0, sign), 1, kLargest) &&
+           TakeNumber(request.Height, value.substr(sign + 1), 1, kLargest);
+}
+
 bool ApplyJson(Request& request, std::string_view) {
     request.Json = true;
     return true;
@@ -163,15 +171,21 @@ constexpr CommandRow kCommands[] = {
      "and writes an index page there that shows each as a page background, with its name and its "
      "command.",
      RunGallery},
+    {"material", kMaterialBit, "[FILE]", 0, 1, "Show, render or write a material (.mtrl).",
+     "Takes a material out of FILE, or a plain one, and sets over it what --set says. Without -o "
+     "it shows what the material holds; with -o it renders it as .png or .bmp, or writes it as a "
+     ".mtrl file.",
+     RunMaterial},
 };
 
 constexpr OptionRow kOptions[] = {
-    {"output", 'o', "FILE", kBuildBit | kSampleBit | kEncodeBit | kGalleryBit | kDocumentBit,
+    {"output", 'o', "FILE",
+     kBuildBit | kSampleBit | kEncodeBit | kGalleryBit | kDocumentBit | kMaterialBit,
      "Write the result to FILE.",
      "The ending decides the format. Animations: .gif; .webp, without loss; .png, animated; a name "
      "that ends in / or .bmp, or has no ending, is a folder of .bmp frames as --frames writes it. "
      "A GIF holds no 24-bit frames, so Truecolour starts as off for one. Pictures: .png or .bmp. "
-     "A gallery: a folder. A document: .qv1. "
+     "A gallery: a folder. A document: .qv1. A material: .mtrl. "
      "An existing file is replaced once the new one is whole.",
      ApplyOutput, "the path of a file"},
     {"frames", 0, "DIR", kBuildBit | kEncodeBit, "Write each frame to the folder DIR besides.",
@@ -179,13 +193,15 @@ constexpr OptionRow kOptions[] = {
      "the pictures do not tell in DIR/animation.json: width, height, depth, palette, comment, and "
      "for each frame its delay and transparent index.",
      ApplyFrames, "the path of a folder"},
-    {"set", 0, "KEY=VALUE", kSettingCommands, "Set one value; may be given many times.",
+    {"set", 0, "KEY=VALUE", kSettingCommands | kMaterialBit,
+     "Set one value; may be given many times.",
      "Values are set in the order given. KEY is a parameter of the style ('seed'; see "
      "'tessellomatics params'), a configuration key ('Style000Seed'), a control id ('112'), or one "
      "of delay, dither, supercompress, mask-background, custom-palette, palette, true-color, "
      "comment, effect, dither-brightness, dither-contrast, fast-remap. VALUE is a number, decimal "
      "or with 0x; for a colour also #RRGGBB; for a check box also yes or no; for a list also the "
-     "text of a choice. A value out of range is an error.",
+     "text of a choice. A value out of range is an error. The keys of 'material' are those that it "
+     "shows.",
      ApplySet, "KEY=VALUE"},
     {"document", 0, "FILE", kSettingCommands, "Set all that a .qv1 document holds.",
      "Counts in its place among the --set. STYLE, where it is given, goes before the document's.",
@@ -226,8 +242,10 @@ constexpr OptionRow kOptions[] = {
      ApplySupercompress, nullptr},
     {"delay", 0, "HUNDREDTHS", kEncodeBit, "Show each frame for so many hundredths of a second.",
      "1 to 65535. Default: 4.", ApplyDelay, "a number from 1 to 65535"},
-    {"json", 0, nullptr, kStylesBit | kParamsBit | kDocumentBit, "Write JSON, for programs.", "",
-     ApplyJson, nullptr},
+    {"size", 0, "WIDTHxHEIGHT", kMaterialBit, "Make the picture of this size.",
+     "Each 1 to 16384 pixels. Default: 256x256.", ApplySize, "WIDTHxHEIGHT, each 1 to 16384"},
+    {"json", 0, nullptr, kStylesBit | kParamsBit | kDocumentBit | kMaterialBit,
+     "Write JSON, for programs.", "", ApplyJson, nullptr},
     {"quiet", 'q', nullptr, kAllCommands, "Show no progress.", "", ApplyQuiet, nullptr},
     {"help", 'h', nullptr, kAllCommands, "Show help and end.", "", ApplyHelp, nullptr},
     {"version", 'V', nullptr, kAllCommands, "Show the version and end.", "", ApplyVersion, nullptr},

@@ -20,7 +20,8 @@ enum CommandBit : unsigned {
     kConfigBit = 64,
     kDocumentBit = 128,
     kGalleryBit = 256,
-    kAllCommands = 511,
+    kMaterialBit = 512,
+    kAllCommands = 1023,
 };
 
 struct CommandRow {

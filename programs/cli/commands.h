@@ -15,5 +15,6 @@ int RunParams(const Request& request);
 int RunConfig(const Request& request);
 int RunDocument(const Request& request);
 int RunGallery(const Request& request);
+int RunMaterial(const Request& request);
 
 }  // namespace tess

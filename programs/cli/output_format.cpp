@@ -112,6 +112,19 @@ int CheckDocumentOutput(const std::string& path) {
     return TryFile(path);
 }
 
+int CheckMaterialOutput(const std::string& path) {
+    const std::string ending = EndingOf(path);
+    if (ending != ".png" && ending != ".bmp" && !IsMaterialOutput(path)) {
+        TellUser(path + ": unknown ending; it takes .png, .bmp or .mtrl");
+        return kWrongUse;
+    }
+    return TryFile(path);
+}
+
+bool IsMaterialOutput(const std::string& path) {
+    return EndingOf(path) == ".mtrl";
+}
+
 int WriteOutputs(const Animation& animation, const std::string& output,
                  const std::string& frames_folder) {
     if (!frames_folder.empty()) {

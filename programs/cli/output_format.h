@@ -22,6 +22,10 @@ enum class OutputFormat { Unknown, Gif, WebP, Png, Folder };
 [[nodiscard]] int CheckPictureOutput(const std::string& path);
 /// The same for a document, .qv1.
 [[nodiscard]] int CheckDocumentOutput(const std::string& path);
+/// The same for a material or a picture of it, .mtrl, .png or .bmp.
+[[nodiscard]] int CheckMaterialOutput(const std::string& path);
+/// Whether the name is that of a material.
+[[nodiscard]] bool IsMaterialOutput(const std::string& path);
 
 /// Writes to `output` and, unless that is empty, `frames_folder`. Returns the exit
 /// status, after telling the user.

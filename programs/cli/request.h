@@ -37,6 +37,7 @@ struct Request {
     std::string FramesFolder;
     std::string PreviewFolder;
     bool OpensBrowser = true;
+    int Width = 256, Height = 256;  ///< of a picture of a fill
 
     std::vector<Setting> Settings;
     bool Saves = false;       ///< the values to the user's configuration

@@ -56,6 +56,8 @@ constexpr OptionCase kCases[] = {
     {"dither", "encode", nullptr, [](const Request& r) { return r.Dither; }, nullptr},
     {"supercompress", "encode", nullptr, [](const Request& r) { return r.Supercompress; }, nullptr},
     {"delay", "encode", "0x10", [](const Request& r) { return r.Delay == 16; }, "0"},
+    {"size", "material", "64x32", [](const Request& r) { return r.Width == 64 && r.Height == 32; },
+     "64x0"},
     {"json", "styles", nullptr, [](const Request& r) { return r.Json; }, nullptr},
     {"quiet", "styles", nullptr, [](const Request& r) { return r.Quiet; }, nullptr},
     {"help", "build", nullptr, [](const Request& r) { return r.Help; }, nullptr},
