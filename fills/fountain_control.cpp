@@ -6,6 +6,9 @@
 
 #include "controls/control_line.h"
 #include "controls/hexadecimal.h"
+#include "fills/fountain_editing.h"
+#include "fills/fountain_markers.h"
+#include "fills/fountain_mouse.h"
 #include "platform/files.h"
 #include "platform/keyboard.h"
 #include "shell/control_contract.h"
@@ -37,16 +40,6 @@ std::string FountainFileName(WindowHandle control) {
     return platform::UserFile(name);
 }
 
-/// Reads the record from the control's own file. Returns false for a file that
-/// cannot be opened, is short or is of another kind.
-bool ReadRecordFile(WindowHandle control, Fountain* fountain) {
-    std::FILE* stream = platform::OpenFile(FountainFileName(control), "rb");
-    if (stream == nullptr) return false;
-    const bool is_whole = std::fread(fountain, sizeof *fountain, 1, stream) == 1;
-    std::fclose(stream);
-    return is_whole && HasFountainMagic(*fountain);
-}
-
 /// What is stored of a record: its preview is there in memory alone.
 Fountain StoredForm(const Fountain& fountain) {
     Fountain stored = fountain;
@@ -54,35 +47,48 @@ Fountain StoredForm(const Fountain& fountain) {
     return stored;
 }
 
-void WriteRecordFile(WindowHandle control, const Fountain& fountain) {
-    platform::NewFile file(FountainFileName(control), platform::FileMode::Binary);
-    if (!file) return;
-    const Fountain stored = StoredForm(fountain);
-    if (std::fwrite(&stored, sizeof stored, 1, file.Stream()) != 1) return;
-    static_cast<void>(file.Commit());  // a failure leaves the old file, and nothing is shown
+/// The flags that the control gives its record, whatever a file says.
+std::uint32_t OwnFlags(WindowHandle control) {
+    const std::string text =
+        platform::ControlText(platform::ParentDialog(control), platform::ControlId(control));
+    return text.find(kLoopedFountainText) != std::string::npos ? kFountainLooped : 0;
+}
+
+/// Gives the control a copy of a record, with a preview of its own. Returns 0 without
+/// memory for it, and the old record stays.
+int PutRecord(WindowHandle control, const Fountain& fountain) {
+    OwnedBlock block(platform::AllocateBlock(sizeof(Fountain)));
+    {
+        const LockedFountain copy(block.Get());
+        if (!copy) return 0;
+        *copy.Get() = StoredForm(fountain);
+    }
+    ReplaceRecord(control, block.Release());
+    RenewPreview(control);
+    return 1;
+}
+
+void Repaint(WindowHandle control) {
+    platform::RepaintControl(platform::ParentDialog(control), platform::ControlId(control));
 }
 
 void Initialize(WindowHandle control, bool remember) {
-    OwnedBlock block(platform::AllocateBlock(sizeof(Fountain)));
-    {
-        const LockedFountain fountain(block.Get());
-        if (!fountain) return;
-        if (!remember || platform::IsShiftHeld() || !ReadRecordFile(control, fountain)) {
-            InitFountain(fountain, FountainPreset::SevenColors);
-        }
-        fountain->Preview = nullptr;
-        const std::string text =
-            platform::ControlText(platform::ParentDialog(control), platform::ControlId(control));
-        if (text.find(kLoopedFountainText) != std::string::npos) fountain->Flags |= kFountainLooped;
-        if (remember) fountain->Flags |= kFountainSaved;
+    platform::SetControlSize(platform::ParentDialog(control), platform::ControlId(control),
+                             kFountainButtonSize.Width, kFountainButtonSize.Height);
+    Fountain fountain;
+    if (!remember || platform::IsShiftHeld() ||
+        ReadFountainFile(FountainFileName(control), &fountain) == 0) {
+        InitFountain(&fountain, FountainPreset::SevenColors);
     }
-    ReplaceRecord(control, block.Release());
+    fountain.Flags |= OwnFlags(control) | (remember ? kFountainSaved : 0);
+    static_cast<void>(PutRecord(control, fountain));
 }
 
 void Destroy(WindowHandle control) {
     if (const LockedFountain fountain = LockFountain(control);
         fountain && (fountain->Flags & kFountainSaved) != 0) {
-        WriteRecordFile(control, *fountain.Get());
+        // A failure leaves the old file, and nothing is shown.
+        static_cast<void>(WriteFountainFile(FountainFileName(control), *fountain.Get()));
     }
     ReplaceRecord(control, nullptr);
 }
@@ -100,17 +106,42 @@ std::intptr_t Save(WindowHandle control, std::FILE* stream) {
 std::intptr_t Load(WindowHandle control, const char* line) {
     const char* value = FindLineValue(line, kFountainTag);
     if (value == nullptr) return 0;
-    OwnedBlock block(platform::AllocateBlock(sizeof(Fountain)));
-    {
-        const LockedFountain fountain(block.Get());
-        if (!fountain) return 1;
-        auto* bytes = reinterpret_cast<std::uint8_t*>(fountain.Get());
-        if (!ReadHexadecimal(value, {bytes, sizeof(Fountain)})) return 1;
-        fountain->Preview = nullptr;
-    }
-    ReplaceRecord(control, block.Release());
+    Fountain fountain{};
+    auto* bytes = reinterpret_cast<std::uint8_t*>(&fountain);
+    if (!ReadHexadecimal(value, {bytes, sizeof fountain})) return 1;
+    if (PutRecord(control, fountain) == 0) return 1;
+    Repaint(control);
     platform::PostToWindow(platform::ParentDialog(control), RefreshSample, 0, 0);
     return 1;
+}
+
+/// Handles the messages that are a fountain button's alone. Returns false for another.
+bool Edit(WindowHandle control, std::uint32_t message, std::uintptr_t w, std::intptr_t l) {
+    const int index = static_cast<int>(w);
+    switch (message) {
+        case ChooseFountainColor:
+            ChooseMarkerColor(control, index);
+            return true;
+        case AddFountainMarker:
+            AddMarker(control, index);
+            return true;
+        case DeleteFountainMarker:
+            DeleteMarker(control, index);
+            return true;
+        case AdjustFountainMarker:
+            AdjustMarker(control, index);
+            return true;
+        case ShowFountainMarkerMenu:
+            ShowMarkerMenu(control, index, platform::MouseX(l), platform::MouseY(l));
+            return true;
+        case ShowFountainLibraryMenu:
+            ShowLibraryMenu(control, platform::MouseX(l), platform::MouseY(l));
+            return true;
+        case platform::kMessageCommand:
+            return DoFountainCommand(control, platform::CommandId(w));
+        default:
+            return HandleFountainMouse(control, message, l);
+    }
 }
 
 std::intptr_t FountainProcedure(WindowHandle control, std::uint32_t message, std::uintptr_t w,
@@ -127,6 +158,7 @@ std::intptr_t FountainProcedure(WindowHandle control, std::uint32_t message, std
             Destroy(control);
             break;
         default:
+            if (Edit(control, message, w, l)) return 0;
             break;
     }
     return platform::CallOriginal(control, message, w, l);
@@ -149,6 +181,38 @@ void BindFountainButton(WindowHandle dialog, int id, const char* text) {
 
 void InstallFountainButton(WindowHandle dialog, int id) {
     Install(dialog, id, 0);
+}
+
+int ReadFountainFile(std::string_view path, Fountain* fountain) {
+    std::FILE* stream = platform::OpenFile(path, "rb");
+    if (stream == nullptr) return 0;
+    const bool is_whole = std::fread(fountain, sizeof *fountain, 1, stream) == 1;
+    std::fclose(stream);
+    if (!is_whole || !HasFountainMagic(*fountain)) return 0;
+    fountain->Preview = nullptr;
+    return 1;
+}
+
+int WriteFountainFile(std::string_view path, const Fountain& fountain) {
+    platform::NewFile file(path, platform::FileMode::Binary);
+    if (!file) return 0;
+    const Fountain stored = StoredForm(fountain);
+    if (std::fwrite(&stored, sizeof stored, 1, file.Stream()) != 1) return 0;
+    return file.Commit();
+}
+
+int LoadFountainFile(WindowHandle control, std::string_view path) {
+    Fountain fountain;
+    if (ReadFountainFile(path, &fountain) == 0) return 0;
+    {
+        const LockedFountain old = LockFountain(control);
+        if (!old) return 0;
+        fountain.Flags |= OwnFlags(control) | (old->Flags & kFountainSaved);
+    }
+    if (PutRecord(control, fountain) == 0) return 0;
+    Repaint(control);
+    platform::PostToWindow(platform::ParentDialog(control), RefreshSample, 0, 0);
+    return 1;
 }
 
 LockedFountain LockFountain(WindowHandle control) {

@@ -11,4 +11,8 @@ namespace tess {
 /// are left out.
 [[nodiscard]] std::vector<std::string> GroupNames(const char* extension);
 
+/// The path of a group's file in that folder, which names it in whatever case; as it is
+/// given where there is no such file.
+[[nodiscard]] std::string GroupPath(const char* file);
+
 }  // namespace tess

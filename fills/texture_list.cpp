@@ -1,7 +1,7 @@
 #include "fills/texture_list.h"
 
+#include "fills/group_list.h"
 #include "fills/texture_group_file.h"
-#include "platform/files.h"
 #include "platform/list_box.h"
 
 namespace tess {
@@ -33,7 +33,7 @@ platform::MemoryHandle NewRecord(const TextureItem& item) {
 }  // namespace
 
 int LoadTextureGroup(WindowHandle dialog, bool* writeable_flag) {
-    TextureGroupReader reader(platform::PluginFile(TextureGroupFile));
+    TextureGroupReader reader(GroupPath(TextureGroupFile));
     if (!reader) return 0;
     FreeTextures(dialog);
     int result = 1;
@@ -55,7 +55,7 @@ int LoadTextureGroup(WindowHandle dialog, bool* writeable_flag) {
 
 int SaveTextureGroup(WindowHandle dialog) {
     const int count = platform::ItemCount(dialog, kTextureList);
-    TextureGroupWriter writer(platform::PluginFile(TextureGroupFile), count);
+    TextureGroupWriter writer(GroupPath(TextureGroupFile), count);
     if (!writer) return 0;
     for (int i = 0; i < count; ++i) {
         TextureItem item;

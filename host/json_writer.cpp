@@ -27,6 +27,11 @@ void JsonWriter::Number(std::int64_t value) {
     std::fprintf(stream_, "%lld", static_cast<long long>(value));
 }
 
+void JsonWriter::Decimal(double value) {
+    BeginValue();
+    std::fprintf(stream_, "%.3f", value);
+}
+
 void JsonWriter::Boolean(bool value) {
     BeginValue();
     std::fputs(value ? "true" : "false", stream_);

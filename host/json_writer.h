@@ -21,6 +21,8 @@ public:
     void Key(std::string_view name);
     void Text(std::string_view value);
     void Number(std::int64_t value);
+    /// With three decimals.
+    void Decimal(double value);
     void Boolean(bool value);
     void Null();
 

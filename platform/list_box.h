@@ -20,6 +20,10 @@ void DeleteListItem(WindowHandle dialog, int id, int index);
 /// Null for an entry without data or an index out of range.
 [[nodiscard]] void* ListItemData(WindowHandle dialog, int id, int index);
 
+/// The entry under a place in a list box, in pixels from its left top, -1 for none. Natively
+/// a list is never scrolled.
+[[nodiscard]] int ListItemAt(WindowHandle dialog, int id, int x, int y);
+
 /// Gives all entries of an owner-drawn list box a size in pixels; the width counts
 /// where entries stand in columns.
 void SetListItemSize(WindowHandle dialog, int id, PixelSize size);

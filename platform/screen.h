@@ -12,6 +12,9 @@ struct PixelSize {
 /// for it.
 [[nodiscard]] PixelSize ScreenSize();
 
+/// The width of a vertical scroll bar. Natively a common one stands for it.
+[[nodiscard]] int ScrollBarWidth();
+
 /// `size` held within the screen, each side by itself.
 [[nodiscard]] constexpr PixelSize ClampToScreen(PixelSize size, PixelSize screen) {
     return {size.Width < screen.Width ? size.Width : screen.Width,

@@ -59,9 +59,8 @@ std::uint32_t ShowFileOpenPreview = 1;
 std::uint32_t UpdateDelay = 1000;
 std::uint32_t VersionNumber = 512;
 
-// The group files that the texture and tile dialogs open.
-static_assert(kTextureGroupFileBytes == kBoundTextBytes);
 static_assert(kMatrixGroupFileBytes == kBoundTextBytes);
+static_assert(kTextureGroupFileBytes == kBoundTextBytes);
 
 constexpr ConfigKey kGeneralKeys[] = {
     {"AddDescriptiveCommentBlock", &AddDescriptiveCommentBlock, kNumberKey},

@@ -2,6 +2,8 @@
 #include "controls/direction_picker.h"
 #include "controls/number_edit.h"
 #include "controls/skinned_button.h"
+#include "fills/fountain_control.h"
+#include "fills/fountain_library_dialog.h"
 #include "fills/gradient_dialog.h"
 #include "fills/matrix_control.h"
 #include "fills/matrix_dialog.h"
@@ -19,6 +21,8 @@ void InstallWindowViews() {
     InstallGradientDialogView();
     InstallMatrixControlView();
     InstallMatrixDialogView();
+    InstallFountainButtonView();
+    InstallFountainLibraryView();
     InstallMainDialogView();
     InstallAboutView();
 }

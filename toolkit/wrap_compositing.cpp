@@ -159,10 +159,9 @@ void Stamp(PackedDib* destination, const PackedDib* mask, int x, int y, ColorWor
 
 template <int kChannels>
 void Blend(PackedDib* destination, const PackedDib* sprite, int x, int y) {
-    Strip strip;
+    Strip strip = {};
     if (sprite->BitCount != 32) {
         // No other depth has alpha: the destination's pixels are written as they are.
-        std::memset(&strip, 0, sizeof strip);
         ForEachRun(destination, sprite, x, y, strip, [](int, int, int) {});
         return;
     }

@@ -168,7 +168,17 @@ void* ListItemData(WindowHandle dialog, int id, int index) {
     return IsIndex(control, index) ? control->items[static_cast<std::size_t>(index)].data : nullptr;
 }
 
-void SetListItemSize(WindowHandle, int, PixelSize) {}
+int ListItemAt(WindowHandle dialog, int id, int x, int y) {
+    const Window* control = Control(dialog, id);
+    if (!IsList(control) || x < 0 || x >= control->size.Width || y < 0) return -1;
+    const int index = y / control->item_height;
+    return y < control->size.Height && IsIndex(control, index) ? index : -1;
+}
+
+void SetListItemSize(WindowHandle dialog, int id, PixelSize size) {
+    Window* control = Control(dialog, id);
+    if (control != nullptr && size.Height > 0) control->item_height = size.Height;
+}
 
 int ItemCount(WindowHandle dialog, int id) {
     const Window* control = Control(dialog, id);

@@ -6,4 +6,8 @@ PixelSize ScreenSize() {
     return {1920, 1080};
 }
 
+int ScrollBarWidth() {
+    return 17;
+}
+
 }  // namespace platform

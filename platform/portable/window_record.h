@@ -38,6 +38,7 @@ struct Window {
     bool checked = false;
     std::vector<ListItem> items;
     int selection = -1;
+    int item_height = 13;            // a list box's, in the measure of the dialogs' font
     int minimum = 100, maximum = 0;  // an up-down's range before one is set
     int position = 0;                // a slider's
     std::size_t text_limit = 30000;  // an edit's, the system's at first

@@ -173,6 +173,23 @@ void* ListItemData(WindowHandle dialog, int id, int index) {
         SendMessageA(control, messages->get_data, static_cast<WPARAM>(index), 0));
 }
 
+int ListItemAt(WindowHandle dialog, int id, int x, int y) {
+    HWND control = Find(dialog, id);
+    RECT box;
+    if (!IsOfClass(control, "LISTBOX") || !GetClientRect(control, &box)) return -1;
+    if (PtInRect(&box, {x, y}) == FALSE) return -1;
+    const LRESULT item = SendMessageA(control, LB_ITEMFROMPOINT, 0, MAKELPARAM(x, y));
+    const int index = LOWORD(item);
+    // The message tells the nearest item for a place below the last one, too.
+    RECT place;
+    if (index >= ItemCount(dialog, id) ||
+        SendMessageA(control, LB_GETITEMRECT, static_cast<WPARAM>(index),
+                     reinterpret_cast<LPARAM>(&place)) == LB_ERR) {
+        return -1;
+    }
+    return PtInRect(&place, {x, y}) != FALSE ? index : -1;
+}
+
 void SetListItemSize(WindowHandle dialog, int id, PixelSize size) {
     HWND control = Find(dialog, id);
     if (!IsOfClass(control, "LISTBOX")) return;

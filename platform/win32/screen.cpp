@@ -8,4 +8,8 @@ PixelSize ScreenSize() {
     return {GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
 }
 
+int ScrollBarWidth() {
+    return GetSystemMetrics(SM_CXVSCROLL);
+}
+
 }  // namespace platform

@@ -108,11 +108,11 @@ bool ApplyDelay(Request& request, std::string_view value) {
 }
 
 bool ApplySize(Request& request, std::string_view value) {
-    constexpr int kLargest = 16384;
-    const std::size_t sign = value.find('x');
-    return sign != std::string_view::npos &&
-           TakeNumber(request.Width, value.substr(0, sign), 1, kLargest) &&
-           TakeNumber(request.Height, value.substr(sign + 1), 1, kLargest);
+    constexpr int kLargest = 4096;
+    const std::size_t cross = value.find('x');
+    return cross != std::string_view::npos &&
+           TakeNumber(request.Width, value.substr(0, cross), 1, kLargest) &&
+           TakeNumber(request.Height, value.substr(cross + 1), 1, kLargest);
 }
 
 bool ApplyJson(Request& request, std::string_view) {
@@ -176,11 +176,26 @@ constexpr CommandRow kCommands[] = {
      "it shows what the material holds; with -o it renders it as .png or .bmp, or writes it as a "
      ".mtrl file.",
      RunMaterial},
+    {"texture", kTextureBit, "[GROUP [ITEM]]", 0, 2, "List textures, or render one.",
+     "Lists the textures of a group, or tells whether one of them joins itself, by its kind and as "
+     "it is measured; with -o writes its picture. GROUP is a group of yours, the one that came "
+     "with "
+     "the program, 'vorbelx1', which is also the default, or the path of a .fft file. ITEM is the "
+     "name of a texture or its index.",
+     RunTexture},
+    {"check", kCheckBit, "FILE", 1, 1, "Measure how smoothly a GIF joins itself.",
+     "Compares the step from the right edge to the left, from the bottom to the top and from the "
+     "last frame to the first with the steps inside, in any GIF. A join that is half as rough "
+     "again as "
+     "the roughest step inside, and more than one level of 255 rougher, is a seam, and then the "
+     "exit "
+     "status is 1.",
+     RunCheck},
 };
 
 constexpr OptionRow kOptions[] = {
     {"output", 'o', "FILE",
-     kBuildBit | kSampleBit | kEncodeBit | kGalleryBit | kDocumentBit | kMaterialBit,
+     kBuildBit | kSampleBit | kEncodeBit | kGalleryBit | kDocumentBit | kTextureBit | kMaterialBit,
      "Write the result to FILE.",
      "The ending decides the format. Animations: .gif; .webp, without loss; .png, animated; a name "
      "that ends in / or .bmp, or has no ending, is a folder of .bmp frames as --frames writes it. "
@@ -242,9 +257,10 @@ constexpr OptionRow kOptions[] = {
      ApplySupercompress, nullptr},
     {"delay", 0, "HUNDREDTHS", kEncodeBit, "Show each frame for so many hundredths of a second.",
      "1 to 65535. Default: 4.", ApplyDelay, "a number from 1 to 65535"},
-    {"size", 0, "WIDTHxHEIGHT", kMaterialBit, "Make the picture of this size.",
-     "Each 1 to 16384 pixels. Default: 256x256.", ApplySize, "WIDTHxHEIGHT, each 1 to 16384"},
-    {"json", 0, nullptr, kStylesBit | kParamsBit | kDocumentBit | kMaterialBit,
+    {"size", 0, "WxH", kTextureBit | kMaterialBit, "Render at that many pixels.",
+     "1x1 to 4096x4096. Default: 128x128.", ApplySize, "WIDTHxHEIGHT, each 1 to 4096"},
+    {"json", 0, nullptr,
+     kStylesBit | kParamsBit | kDocumentBit | kCheckBit | kTextureBit | kMaterialBit,
      "Write JSON, for programs.", "", ApplyJson, nullptr},
     {"quiet", 'q', nullptr, kAllCommands, "Show no progress.", "", ApplyQuiet, nullptr},
     {"help", 'h', nullptr, kAllCommands, "Show help and end.", "", ApplyHelp, nullptr},

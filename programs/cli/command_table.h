@@ -20,8 +20,10 @@ enum CommandBit : unsigned {
     kConfigBit = 64,
     kDocumentBit = 128,
     kGalleryBit = 256,
-    kMaterialBit = 512,
-    kAllCommands = 1023,
+    kTextureBit = 512,
+    kMaterialBit = 4096,
+    kCheckBit = 8192,
+    kAllCommands = 511 | kTextureBit | kMaterialBit | kCheckBit,
 };
 
 struct CommandRow {

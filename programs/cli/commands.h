@@ -16,5 +16,7 @@ int RunConfig(const Request& request);
 int RunDocument(const Request& request);
 int RunGallery(const Request& request);
 int RunMaterial(const Request& request);
+int RunTexture(const Request& request);
+int RunCheck(const Request& request);
 
 }  // namespace tess

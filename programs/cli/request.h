@@ -37,13 +37,16 @@ struct Request {
     std::string FramesFolder;
     std::string PreviewFolder;
     bool OpensBrowser = true;
-    int Width = 256, Height = 256;  ///< of a picture of a fill
 
     std::vector<Setting> Settings;
     bool Saves = false;       ///< the values to the user's configuration
     bool StartsAnew = false;  ///< from the values of a new installation
     DelayUnit HostUnit = DelayUnit::Hundredths;
     std::optional<bool> HostTrueColor;
+
+    // Of `texture` and `material`.
+    int Width = 128;
+    int Height = 128;
 
     // Of `encode`.
     int Colors = 0;    ///< wanted for the animation's own palette, 0 for as many as fit

@@ -2,7 +2,7 @@
 //
 //   script    = { [language of the system: #include <...>] | STRINGTABLE strings
 //               | name ( DIALOG | DIALOGEX ) dialog
-//               | name ( RCDATA | BITMAP ) file }
+//               | name ( RCDATA | BITMAP | CURSOR ) file }
 //   file      = "text" | word          (a word where a name in quotes follows:
 //                                       windres joins texts behind one another)
 //   name      = number | word | "text"        (text without regard to case)
@@ -186,16 +186,18 @@ private:
             return ReadDialog(key);
         }
         const bool is_bitmap = TakeWord("BITMAP");
-        if (!is_bitmap && !TakeWord("RCDATA")) {
+        const bool is_cursor = !is_bitmap && TakeWord("CURSOR");
+        if (!is_bitmap && !is_cursor && !TakeWord("RCDATA")) {
             return Fail(Next(), "unknown statement '" + Next().text + "'");
         }
-        for (const DataFile& other : script_->data) {
+        std::vector<DataFile>& files = is_cursor ? script_->cursors : script_->data;
+        for (const DataFile& other : files) {
             if (other.key == key) return Fail(start, "data " + start.text + " twice");
         }
         if (Next().kind != TokenKind::String && Next().kind != TokenKind::Word) {
             return FailExpected("the name of a file");
         }
-        script_->data.push_back({key, tokens_[at_++].text, is_bitmap});
+        files.push_back({key, tokens_[at_++].text, is_bitmap});
         return true;
     }
 

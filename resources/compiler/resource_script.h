@@ -35,7 +35,7 @@ struct StringEntry {
     std::string text;
 };
 
-/// An RCDATA or BITMAP resource.
+/// An RCDATA, BITMAP or CURSOR resource.
 struct DataFile {
     ResourceName key;
     std::string path;
@@ -46,6 +46,7 @@ struct ResourceScript {
     std::vector<Dialog> dialogs;
     std::vector<StringEntry> strings;
     std::vector<DataFile> data;
+    std::vector<DataFile> cursors;   ///< the Windows resource section's alone: no table has them
     std::vector<std::string> files;  ///< every script that was read
 };
 

@@ -89,6 +89,8 @@ bool WriteTables(ResourceScript* script, const std::string& folder, std::ostream
         if (!WriteData(script->data[i], i, path, output, error)) return false;
         script->files.push_back(path);
     }
+    for (const DataFile& cursor : script->cursors)
+        script->files.push_back(folder + cursor.path);
     WriteTable("DialogTemplate", "kDialogs", script->dialogs, output,
                [&](const Dialog& dialog, std::size_t i) {
                    output << dialog.key.id << ", " << Literal(dialog.key.name) << ", "

@@ -158,6 +158,17 @@ TEST_F(ResourceCompiler, DataAreKnownByNumberOrName) {
     EXPECT_TRUE(script_.data[2].is_bitmap);
 }
 
+TEST_F(ResourceCompiler, CursorIsAFileThatNoTableHolds) {
+    Write("logo.bmp", "logo");
+    ASSERT_EQ(Read("9001 RCDATA \"logo.bmp\"\n9001 CURSOR \"drag.cur\"\n"), "");
+    ASSERT_EQ(script_.cursors.size(), 1u);
+    EXPECT_EQ(script_.data.size(), 1u);
+    const std::string tables = WriteAll();
+    EXPECT_TRUE(is_written_) << tables;
+    EXPECT_EQ(tables.find("kData1"), std::string::npos);
+    EXPECT_NE(script_.files.back().find("drag.cur"), std::string::npos);
+}
+
 TEST_F(ResourceCompiler, FileNamesMayStandWithoutQuotes) {
     EXPECT_EQ(Read("\"(1+2)\" RCDATA folder/a_1.bin\n\"(3+4)\" RCDATA b.bin\n"), "");
     ASSERT_EQ(script_.data.size(), 2u);

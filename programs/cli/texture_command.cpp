@@ -1,0 +1,187 @@
+// The command that lists a group of textures, tells of one, and renders it.
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+#include "fills/texture_group_file.h"
+#include "host/json_writer.h"
+#include "programs/cli/commands.h"
+#include "programs/cli/group_files.h"
+#include "programs/cli/output_format.h"
+#include "programs/cli/session.h"
+#include "programs/cli/values.h"
+#include "toolkit/seam.h"
+
+namespace tess {
+namespace {
+
+constexpr char kExtension[] = ".fft";
+constexpr char kProvidedGroup[] = "vorbelx1";
+
+// An item of a group and its place in it.
+struct NamedTexture {
+    int index;
+    std::string name;
+    TextureItem item;
+};
+
+const char* KindOf(const TextureItem& item) {
+    const TextureKindEntry* kind = FindTextureKind(item.TextureType);
+    return kind != nullptr ? kind->Name : "unknown kind";
+}
+
+// What an item's kind promises: a tile at any size, one on even squares, or none.
+const char* TilesText(const TextureItem& item) {
+    if (TextureTiles(item.TextureType, 2, 1)) return "any size";
+    return TextureTiles(item.TextureType, 2, 2) ? "even squares" : "no";
+}
+
+void WriteItem(JsonWriter& json, const NamedTexture& texture) {
+    json.Key("index");
+    json.Number(texture.index);
+    json.Key("name");
+    json.Text(texture.name);
+    json.Key("kind");
+    json.Text(KindOf(texture.item));
+    json.Key("tiles_at");
+    json.Text(TilesText(texture.item));
+}
+
+void ListAsJson(TextureGroupReader& reader) {
+    JsonWriter json(stdout);
+    json.BeginArray();
+    NamedTexture texture{0, {}, {}};
+    for (; reader.Next(&texture.name, &texture.item); ++texture.index) {
+        json.BeginObject();
+        WriteItem(json, texture);
+        json.EndObject();
+    }
+    json.EndArray();
+}
+
+void ListAsTable(TextureGroupReader& reader) {
+    std::printf("%5s  %-28s %-16s %s\n", "INDEX", "NAME", "KIND", "TILES AT");
+    NamedTexture texture{0, {}, {}};
+    for (; reader.Next(&texture.name, &texture.item); ++texture.index) {
+        std::printf("%5d  %-28s %-16s %s\n", texture.index, texture.name.c_str(),
+                    KindOf(texture.item), TilesText(texture.item));
+    }
+}
+
+// Finds an item by its name, or by its index in the group.
+bool FindItem(TextureGroupReader& reader, const std::string& wanted, NamedTexture* found) {
+    const auto number = ReadNumber(wanted);
+    bool is_found = false;
+    NamedTexture texture{0, {}, {}};
+    for (; reader.Next(&texture.name, &texture.item); ++texture.index) {
+        const bool is_named = PlainName(texture.name) == PlainName(wanted);
+        if (is_named || (!is_found && number && *number == texture.index)) {
+            *found = texture;
+            is_found = true;
+        }
+        if (is_named) return true;
+    }
+    return is_found;
+}
+
+void WriteSteps(JsonWriter& json, const char* key, const SeamSteps& steps) {
+    json.Key(key);
+    json.BeginObject();
+    json.Key("joins");
+    json.Boolean(JoinsItself(steps));
+    json.Key("seam");
+    json.Decimal(steps.Seam);
+    json.Key("mean");
+    json.Decimal(steps.Mean);
+    json.Key("largest");
+    json.Decimal(steps.Largest);
+    json.EndObject();
+}
+
+void TellAsJson(const NamedTexture& texture, const PackedDib* image) {
+    const PictureSeams seams = MeasureSeams(image);
+    JsonWriter json(stdout);
+    json.BeginObject();
+    WriteItem(json, texture);
+    json.Key("width");
+    json.Number(image->Width);
+    json.Key("height");
+    json.Number(image->Height);
+    json.Key("tiles");
+    json.Boolean(TextureTiles(texture.item.TextureType, image->Width, image->Height));
+    WriteSteps(json, "columns", seams.Columns);
+    WriteSteps(json, "rows", seams.Rows);
+    json.EndObject();
+}
+
+void PrintSteps(const char* sides, const SeamSteps& steps) {
+    std::printf("%-14s %s: a step of %.1f, inside %.1f in the mean and %.1f at most\n", sides,
+                JoinsItself(steps) ? "join" : "do not join", steps.Seam, steps.Mean, steps.Largest);
+}
+
+void Tell(const NamedTexture& texture, const PackedDib* image) {
+    const PictureSeams seams = MeasureSeams(image);
+    const bool tiles = TextureTiles(texture.item.TextureType, image->Width, image->Height);
+    std::printf("%s: %s, tiles at %s\n", texture.name.c_str(), KindOf(texture.item),
+                TilesText(texture.item));
+    std::printf("at %d x %d it %s by its kind\n", image->Width, image->Height,
+                tiles ? "tiles" : "does not tile");
+    PrintSteps("left and right", seams.Columns);
+    PrintSteps("top and bottom", seams.Rows);
+}
+
+int RunItem(const Request& request, TextureGroupReader& reader) {
+    NamedTexture texture{0, {}, {}};
+    if (!FindItem(reader, request.Operands[1], &texture)) {
+        TellUser("there is no texture " + ShownText(request.Operands[1]) +
+                 "; without it the command lists the group");
+        return kWrongUse;
+    }
+    const platform::OwnedBlock picture(
+        RenderTextureAt(texture.item, request.Width, request.Height));
+    const LockedImage image(picture.Get());
+    if (!image) {
+        TellUser(ShownText(texture.name) + " cannot be rendered: " +
+                 (FindTextureKind(texture.item.TextureType) != nullptr ? "memory is short"
+                                                                       : "unknown kind"));
+        return kFailed;
+    }
+    if (request.Json) {
+        TellAsJson(texture, image);
+    } else if (request.Output.empty()) {
+        Tell(texture, image);
+    }
+    return request.Output.empty() ? kDone : WritePicture(picture.Get(), request.Output);
+}
+
+}  // namespace
+
+int RunTexture(const Request& request) {
+    const std::string group = request.Operands.empty() ? kProvidedGroup : request.Operands[0];
+    if (!request.Output.empty()) {
+        if (request.Operands.size() < 2) {
+            TellUser("-o needs the texture to render: 'tessellomatics texture GROUP ITEM -o FILE'");
+            return kWrongUse;
+        }
+        if (const int status = CheckPictureOutput(request.Output); status != kDone) return status;
+    }
+    const std::string path = FindGroupFile(group, kExtension);
+    if (path.empty()) {
+        TellUser("there is no group " + ShownText(group));
+        return kFailed;
+    }
+    TextureGroupReader reader(path);
+    if (!reader) {
+        TellUser(path + ": is no group of textures");
+        return kFailed;
+    }
+    if (request.Operands.size() == 2) return RunItem(request, reader);
+    if (request.Json) {
+        ListAsJson(reader);
+    } else {
+        ListAsTable(reader);
+    }
+    return kDone;
+}
+
+}  // namespace tess

@@ -1,0 +1,60 @@
+// `tessellomatics check`: what it prints and how it ends.
+#include <gtest/gtest.h>
+
+#include "tests/programs/program_run.h"
+
+namespace tess {
+namespace {
+
+using test::ProgramFolder;
+using test::ProgramRun;
+
+class CheckCommand : public ::testing::Test {
+protected:
+    void SetUp() override {
+        const ProgramRun run = folder_.Run(
+            "build bubbles --defaults --set width=32 --set depth=16 --set size=10 --set density=8 "
+            "--set frames=3 --set delay=5 -q -o made.gif");
+        ASSERT_EQ(run.status, 0) << run.errors;
+    }
+
+    ProgramFolder folder_;
+};
+
+TEST_F(CheckCommand, TileIsSeamless) {
+    const ProgramRun run = folder_.Run("check made.gif");
+    EXPECT_EQ(run.status, 0) << run.output;
+    EXPECT_EQ(run.output.substr(0, run.output.find('\n')),
+              "made.gif: 32 x 16 pixels, 3 frames, 0.15 seconds");
+    EXPECT_NE(run.output.find("left to right"), std::string::npos);
+    EXPECT_EQ(run.output.find("a seam"), std::string::npos) << run.output;
+}
+
+TEST_F(CheckCommand, FiguresAreThereForPrograms) {
+    const ProgramRun run = folder_.Run("check --json made.gif");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_NE(run.output.find("\"hundredths\": 15"), std::string::npos) << run.output;
+    EXPECT_NE(run.output.find("\"seamless\": true"), std::string::npos);
+}
+
+TEST_F(CheckCommand, PictureThatDoesNotJoinHasASeam) {
+    // A ramp from black to white, twice.
+    std::string ppm = "P6 64 4 255\n";
+    for (int i = 0; i < 256; ++i)
+        ppm += std::string(3, static_cast<char>(i % 64 * 4));
+    folder_.Write("ramp.ppm", ppm);
+    ASSERT_EQ(folder_.Run("encode ramp.ppm ramp.ppm -q -o ramp.gif").status, 0);
+    const ProgramRun run = folder_.Run("check ramp.gif");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_NE(run.output.find("a seam"), std::string::npos) << run.output;
+}
+
+TEST_F(CheckCommand, FileThatIsNoGifIsNamed) {
+    folder_.Write("no.gif", "text");
+    const ProgramRun run = folder_.Run("check no.gif");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.errors, "tessellomatics: no.gif cannot be read as a GIF\n");
+}
+
+}  // namespace
+}  // namespace tess
