@@ -2,11 +2,13 @@
 #include "controls/direction_picker.h"
 #include "controls/number_edit.h"
 #include "controls/skinned_button.h"
+#include "fills/curve_graph.h"
 #include "fills/fountain_control.h"
 #include "fills/fountain_library_dialog.h"
 #include "fills/gradient_dialog.h"
 #include "fills/matrix_control.h"
 #include "fills/matrix_dialog.h"
+#include "fills/texture_dialog.h"
 #include "shell/about_dialog.h"
 #include "shell/main_dialog.h"
 #include "shell/window_views.h"
@@ -25,6 +27,8 @@ void InstallWindowViews() {
     InstallFountainLibraryView();
     InstallMainDialogView();
     InstallAboutView();
+    InstallTextureDialogView();
+    InstallCurveGraphView();
 }
 
 }  // namespace tess

@@ -60,6 +60,7 @@ constexpr Symbol kSymbols[] = {
     {"CBS_AUTOHSCROLL", 0x0040},
     {"CBS_HASSTRINGS", 0x0200},
     {"LBS_NOTIFY", 1},
+    {"LBS_SORT", 0x0002},
     {"LBS_OWNERDRAWFIXED", 0x0010},
     {"LBS_HASSTRINGS", 0x0040},
     {"LBS_MULTICOLUMN", 0x0200},
