@@ -6,6 +6,7 @@
 #include "fills/fountain_control.h"
 #include "fills/fountain_library_dialog.h"
 #include "fills/gradient_dialog.h"
+#include "fills/material_control.h"
 #include "fills/matrix_control.h"
 #include "fills/matrix_dialog.h"
 #include "fills/texture_dialog.h"
@@ -21,6 +22,7 @@ void InstallWindowViews() {
     InstallNumberEditView();
     InstallSkinnedButtonView();
     InstallGradientDialogView();
+    InstallMaterialButtonView();
     InstallMatrixControlView();
     InstallMatrixDialogView();
     InstallFountainButtonView();
