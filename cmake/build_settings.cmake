@@ -21,7 +21,9 @@ target_compile_options(build_settings INTERFACE
   # One seed gives one tile everywhere: no contraction, no reassociation, and
   # single precision stays single.
   -ffp-contract=off -fno-fast-math
-  -fno-strict-aliasing)
+  -fno-strict-aliasing
+  # The same sources give the same bytes, wherever they lie.
+  -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
 
 # The sanitizers watch the folders of the project. Test sources are left out: it
 # is the core that they look for faults in, and the build takes half the time.
@@ -35,4 +37,6 @@ if(WIN32)
     WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601)
   # The runtime is linked statically: the library imports system DLLs alone.
   target_link_options(build_settings INTERFACE -static)
+  # No time of the linking.
+  target_link_options(build_settings INTERFACE -Wl,--no-insert-timestamp)
 endif()

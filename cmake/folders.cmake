@@ -24,8 +24,9 @@ function(add_folder name)
   endif()
 endfunction()
 
-# link_folders(TARGET TOP) links TARGET with the objects of TOP and of every
-# folder below it, and on Windows with the resource section.
+# link_folders(TARGET TOP [DRAWS_SHAPES]) links TARGET with the objects of TOP and of
+# every folder below it, and on Windows with the resource section. Natively a program
+# draws shapes (platform/vector_drawing.h) only where it asks to.
 function(link_folders target top)
   get_property(folders GLOBAL PROPERTY TESSELLOMATICS_FOLDERS)
   list(FIND folders ${top} position)
@@ -38,5 +39,9 @@ function(link_folders target top)
   if(WIN32)
     target_link_libraries(${target} PRIVATE gdi32 user32 comctl32 comdlg32 shell32 ole32 gdiplus)
     embed_windows_resources(${target})
+  elseif("DRAWS_SHAPES" IN_LIST ARGN)
+    target_link_libraries(${target} PRIVATE cairo_drawing)
+  else()
+    target_link_libraries(${target} PRIVATE no_drawing)
   endif()
 endfunction()

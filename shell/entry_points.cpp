@@ -28,7 +28,7 @@ public:
     StartedShapes& operator=(const StartedShapes&) = delete;
     ~StartedShapes() {
         request_.Op = tess::ShapeOp::Stop;
-        if (is_started_) tess::RunShapeRequest(&request_);
+        if (is_started_) static_cast<void>(tess::RunShapeRequest(&request_));
     }
 
 private:

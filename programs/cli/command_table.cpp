@@ -59,6 +59,27 @@ bool ApplyConfig(Request& request, std::string_view value) {
     return TakeFile(request, value, SettingKind::Configuration);
 }
 
+bool ApplyFountain(Request& request, std::string_view value) {
+    const std::size_t equals = value.find('=');
+    if (equals == std::string_view::npos || equals == 0 || equals + 1 == value.size()) return false;
+    request.Settings.push_back({std::string(value.substr(0, equals)),
+                                std::string(value.substr(equals + 1)), SettingKind::FountainFile});
+    return true;
+}
+
+bool ApplyLibrary(Request& request, std::string_view value) {
+    return TakeText(request.Library, value);
+}
+
+bool ApplyAdd(Request& request, std::string_view value) {
+    return TakeText(request.AddedFountain, value);
+}
+
+bool ApplyRemove(Request& request, std::string_view) {
+    request.Removes = true;
+    return true;
+}
+
 bool ApplySave(Request& request, std::string_view) {
     request.Saves = true;
     return true;
@@ -191,16 +212,24 @@ constexpr CommandRow kCommands[] = {
      "exit "
      "status is 1.",
      RunCheck},
+    {"fountain", kFountainBit, "[FOUNTAIN]", 0, 1, "List, show, add and take out fountains.",
+     "Without FOUNTAIN lists the fountains of a library by number and colors. FOUNTAIN is such a "
+     "number, the path of a control's file, colors such as '#000000,64:#FF0000,#FFFFFF' (the ends, "
+     "and between them each with its position, 1 to 255, or evenly spread without), or the 1170 "
+     "hexadecimal digits of a document. It is shown as colors, or with -o as a picture, .png or "
+     ".bmp; with -o and .mtrl it is written as a control's file.",
+     RunFountain},
 };
 
 constexpr OptionRow kOptions[] = {
     {"output", 'o', "FILE",
-     kBuildBit | kSampleBit | kEncodeBit | kGalleryBit | kDocumentBit | kTextureBit | kMaterialBit,
+     kBuildBit | kSampleBit | kEncodeBit | kGalleryBit | kDocumentBit | kTextureBit | kFountainBit |
+         kMaterialBit,
      "Write the result to FILE.",
      "The ending decides the format. Animations: .gif; .webp, without loss; .png, animated; a name "
      "that ends in / or .bmp, or has no ending, is a folder of .bmp frames as --frames writes it. "
      "A GIF holds no 24-bit frames, so Truecolour starts as off for one. Pictures: .png or .bmp. "
-     "A gallery: a folder. A document: .qv1. A material: .mtrl. "
+     "A gallery: a folder. A document: .qv1. A fountain or material: a picture, or .mtrl. "
      "An existing file is replaced once the new one is whole.",
      ApplyOutput, "the path of a file"},
     {"frames", 0, "DIR", kBuildBit | kEncodeBit, "Write each frame to the folder DIR besides.",
@@ -215,8 +244,9 @@ constexpr OptionRow kOptions[] = {
      "of delay, dither, supercompress, mask-background, custom-palette, palette, true-color, "
      "comment, effect, dither-brightness, dither-contrast, fast-remap. VALUE is a number, decimal "
      "or with 0x; for a colour also #RRGGBB; for a check box also yes or no; for a list also the "
-     "text of a choice. A value out of range is an error. The keys of 'material' are those that it "
-     "shows.",
+     "text of a choice; for a fountain colors as 'tessellomatics fountain' takes them, or the "
+     "digits of a document. A value out of range is an error. The keys of 'material' are those "
+     "that it shows.",
      ApplySet, "KEY=VALUE"},
     {"document", 0, "FILE", kSettingCommands, "Set all that a .qv1 document holds.",
      "Counts in its place among the --set. STYLE, where it is given, goes before the document's.",
@@ -224,6 +254,11 @@ constexpr OptionRow kOptions[] = {
     {"config", 0, "FILE", kSettingCommands, "Set all that a configuration file holds.",
      "Counts in its place among the --set. STYLE, where it is given, goes before the file's.",
      ApplyConfig, "the path of a file"},
+    {"fountain", 0, "KEY=FILE", kSettingCommands & ~unsigned{kConfigBit},
+     "Read a fountain's colors from a file.",
+     "KEY is as for --set, FILE a control's file (Fountain00270.mtrl). Counts in its place among "
+     "the --set.",
+     ApplyFountain, "KEY=FILE"},
     {"save", 0, nullptr, kSettingCommands, "Save the values to the user's configuration.",
      "The next run starts from them, unless --defaults is given. Without it nothing is saved.",
      ApplySave, nullptr},
@@ -257,10 +292,19 @@ constexpr OptionRow kOptions[] = {
      ApplySupercompress, nullptr},
     {"delay", 0, "HUNDREDTHS", kEncodeBit, "Show each frame for so many hundredths of a second.",
      "1 to 65535. Default: 4.", ApplyDelay, "a number from 1 to 65535"},
-    {"size", 0, "WxH", kTextureBit | kMaterialBit, "Render at that many pixels.",
-     "1x1 to 4096x4096. Default: 128x128.", ApplySize, "WIDTHxHEIGHT, each 1 to 4096"},
+    {"library", 0, "FILE", kFountainBit, "Work on the library FILE.",
+     "Default: FountainLibrary.fll in the program's folder among the user's own data.",
+     ApplyLibrary, "the path of a file"},
+    {"add", 0, "FOUNTAIN", kFountainBit, "Add a fountain to the library; prints its number.",
+     "The library is made where there is none.", ApplyAdd, "a fountain"},
+    {"remove", 0, nullptr, kFountainBit, "Take the entry out of the library.",
+     "With -o it is written there first. A library without entries is removed.", ApplyRemove,
+     nullptr},
+    {"size", 0, "WxH", kTextureBit | kFountainBit | kMaterialBit, "Render at that many pixels.",
+     "1x1 to 4096x4096. Default: 128x128 for a texture or material, 181x30 for a fountain.",
+     ApplySize, "WIDTHxHEIGHT, each 1 to 4096"},
     {"json", 0, nullptr,
-     kStylesBit | kParamsBit | kDocumentBit | kCheckBit | kTextureBit | kMaterialBit,
+     kStylesBit | kParamsBit | kDocumentBit | kCheckBit | kTextureBit | kFountainBit | kMaterialBit,
      "Write JSON, for programs.", "", ApplyJson, nullptr},
     {"quiet", 'q', nullptr, kAllCommands, "Show no progress.", "", ApplyQuiet, nullptr},
     {"help", 'h', nullptr, kAllCommands, "Show help and end.", "", ApplyHelp, nullptr},

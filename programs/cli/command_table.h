@@ -21,9 +21,10 @@ enum CommandBit : unsigned {
     kDocumentBit = 128,
     kGalleryBit = 256,
     kTextureBit = 512,
+    kFountainBit = 1024,
     kMaterialBit = 4096,
     kCheckBit = 8192,
-    kAllCommands = 511 | kTextureBit | kMaterialBit | kCheckBit,
+    kAllCommands = 511 | kTextureBit | kFountainBit | kMaterialBit | kCheckBit,
 };
 
 struct CommandRow {

@@ -4,6 +4,8 @@
 #include <cctype>
 
 #include "controls/spinner.h"
+#include "fills/fountain_control.h"
+#include "programs/cli/fountain_text.h"
 #include "programs/cli/values.h"
 #include "shell/control_contract.h"
 
@@ -56,6 +58,31 @@ LineValue BlockValue(std::string_view text) {
     return {std::string(text), ""};
 }
 
+std::string Digits(const Fountain& fountain) {
+    constexpr char kDigits[] = "0123456789ABCDEF";
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(&fountain);
+    std::string digits;
+    for (std::size_t i = 0; i < sizeof fountain; ++i) {
+        digits += kDigits[bytes[i] >> 4];
+        digits += kDigits[bytes[i] & 15];
+    }
+    return digits;
+}
+
+// Colours are put over the control's own record, which stays looped or not.
+LineValue FountainValue(platform::WindowHandle control, std::string_view text) {
+    Fountain fountain;
+    if (ReadFountainButton(control, &fountain) == 0) {
+        InitFountain(&fountain, FountainPreset::Plain);
+    }
+    const std::string error = text.find('#') == std::string_view::npos
+                                  ? ReadFountainDigits(text, &fountain)
+                                  : ReadFountainColors(text, &fountain);
+    if (!error.empty()) return Wrong(error);
+    fountain.Preview = nullptr;
+    return {Digits(fountain), ""};
+}
+
 }  // namespace
 
 LineValue NumberBetween(std::string_view text, std::int64_t least, std::int64_t most) {
@@ -78,7 +105,8 @@ LineValue ValueForControl(platform::WindowHandle dialog, int id, std::string_vie
     if (tag == kColorButtonTag) return ColorValue(text);
     if (tag == kCheckBoxTag) return CheckBoxValue(dialog, id, text);
     if (tag == kComboBoxTag) return ChoiceValue(dialog, id, text);
-    if (tag == kFountainTag || tag == kMatrixTag || tag == kMaterialTag) return BlockValue(text);
+    if (tag == kFountainTag) return FountainValue(platform::Control(dialog, id), text);
+    if (tag == kMatrixTag || tag == kMaterialTag) return BlockValue(text);
     if (const int cells = PickerCells(tag); cells > 0) return NumberBetween(text, 0, cells - 1);
     return Wrong("cannot be set: the control holds no value");
 }

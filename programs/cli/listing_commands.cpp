@@ -137,6 +137,7 @@ std::string TakesText(const DialogTemplate* panel, const StyleParameter& paramet
             return choices;
         }
         case ParameterKind::Fountain:
+            return "colors";
         case ParameterKind::Matrix:
             return "hexadecimal";
         default:

@@ -102,7 +102,10 @@ void ShowJson(const Material& material) {
 
 int Render(const Request& request, OpenMaterial* material, platform::OwnedBlock* picture) {
     material->LoadTile(request.Quiet);
-    picture->Reset(RenderMaterial(&material->record, request.Width, request.Height));
+    constexpr int kSide = 128;
+    const bool is_sized = request.Width != 0;
+    picture->Reset(RenderMaterial(&material->record, is_sized ? request.Width : kSide,
+                                  is_sized ? request.Height : kSide));
     if (*picture) return kDone;
     TellUser("the material cannot be rendered");
     return kFailed;
@@ -123,7 +126,7 @@ int WriteMaterialFile(const Request& request, const Material& material) {
 
 int RunMaterial(const Request& request) {
     if (!request.Output.empty()) {
-        if (const int status = CheckMaterialOutput(request.Output); status != kDone) return status;
+        if (const int status = CheckRecordOutput(request.Output); status != kDone) return status;
     }
     OpenMaterial material;
     if (const int status = ReadMaterial(request, &material.record); status != kDone) return status;
@@ -133,7 +136,7 @@ int RunMaterial(const Request& request) {
     }
     platform::OwnedBlock picture;
     if (const int status = Render(request, &material, &picture); status != kDone) return status;
-    if (!IsMaterialOutput(request.Output)) return WritePicture(picture.Get(), request.Output);
+    if (!IsRecordOutput(request.Output)) return WritePicture(picture.Get(), request.Output);
     material.record.AverageColor = AverageImageColour(picture.Get());
     return WriteMaterialFile(request, material.record);
 }

@@ -112,17 +112,17 @@ int CheckDocumentOutput(const std::string& path) {
     return TryFile(path);
 }
 
-int CheckMaterialOutput(const std::string& path) {
+bool IsRecordOutput(const std::string& path) {
+    return EndingOf(path) == ".mtrl";
+}
+
+int CheckRecordOutput(const std::string& path) {
     const std::string ending = EndingOf(path);
-    if (ending != ".png" && ending != ".bmp" && !IsMaterialOutput(path)) {
+    if (ending != ".png" && ending != ".bmp" && ending != ".mtrl") {
         TellUser(path + ": unknown ending; it takes .png, .bmp or .mtrl");
         return kWrongUse;
     }
     return TryFile(path);
-}
-
-bool IsMaterialOutput(const std::string& path) {
-    return EndingOf(path) == ".mtrl";
 }
 
 int WriteOutputs(const Animation& animation, const std::string& output,

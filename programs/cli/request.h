@@ -16,11 +16,11 @@ inline constexpr int kDone = 0;
 inline constexpr int kFailed = 1;
 inline constexpr int kWrongUse = 2;
 
-enum class SettingKind { Value, Document, Configuration };
+enum class SettingKind { Value, Document, Configuration, FountainFile };
 
-/// One `--set`, `--document` or `--config`, in the order given.
+/// One `--set`, `--document`, `--config` or `--fountain`, in the order given.
 struct Setting {
-    std::string Key;    ///< of a value
+    std::string Key;    ///< of a value, and of a fountain's file
     std::string Value;  ///< of a file its path
     SettingKind Kind = SettingKind::Value;
 };
@@ -44,9 +44,9 @@ struct Request {
     DelayUnit HostUnit = DelayUnit::Hundredths;
     std::optional<bool> HostTrueColor;
 
-    // Of `texture` and `material`.
-    int Width = 128;
-    int Height = 128;
+    // Of `texture`, `fountain` and `material`: the size of a picture, 0 for the command's own.
+    int Width = 0;
+    int Height = 0;
 
     // Of `encode`.
     int Colors = 0;    ///< wanted for the animation's own palette, 0 for as many as fit
@@ -54,6 +54,11 @@ struct Request {
     bool Dither = false;
     bool Supercompress = false;
     int Delay = 4;  ///< in the host's unit
+
+    // Of `fountain`.
+    std::string Library;  ///< path of a library, "" for the user's
+    std::string AddedFountain;
+    bool Removes = false;
 };
 
 }  // namespace tess

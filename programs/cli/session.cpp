@@ -70,6 +70,7 @@ SettingFault ApplyFile(platform::WindowHandle dialog, UserState& user, const Set
 }
 
 SettingFault ApplyOne(platform::WindowHandle dialog, UserState& user, const Setting& setting) {
+    if (setting.Kind == SettingKind::FountainFile) return ApplySetting(dialog, setting);
     if (setting.Kind != SettingKind::Value) return ApplyFile(dialog, user, setting);
     SettingFault fault = ApplySetting(dialog, setting);
     if (FindSettingControl(dialog, setting) == kTrueColorBox) user.TrueColor = Truecolour;
@@ -163,22 +164,6 @@ void KeepMessage(platform::WindowHandle dialog, void* context) {
 
 std::vector<std::string>* kept_messages = nullptr;
 
-// The two folders of a user are the task of an installation, which a command line has
-// not: so they are made as the first values are saved. Returns kDone, or another exit
-// status after telling the user.
-int MakeUserFolders() {
-    for (const auto path_in : {platform::UserFile, platform::PluginFile}) {
-        const std::string folder = path_in("");
-        std::error_code error;
-        std::filesystem::create_directories(folder, error);
-        if (folder.empty() || error) {
-            TellUser(folder + ": the folder for saved values cannot be made");
-            return kFailed;
-        }
-    }
-    return kDone;
-}
-
 // Writes the configuration once more than the closing dialog has: that says nothing of
 // a failure, and saves what only this run's output or host has asked for.
 int SaveConfiguration(const UserState& user) {
@@ -233,6 +218,19 @@ int RunSession(const Request& request, Wish wish, int style, Session* session) {
 
 void TellUser(const std::string& text) {
     std::fprintf(stderr, "tessellomatics: %s\n", text.c_str());
+}
+
+int MakeUserFolders() {
+    for (const auto path_in : {platform::UserFile, platform::PluginFile}) {
+        const std::string folder = path_in("");
+        std::error_code error;
+        std::filesystem::create_directories(folder, error);
+        if (folder.empty() || error) {
+            TellUser(folder + ": the folder for saved values cannot be made");
+            return kFailed;
+        }
+    }
+    return kDone;
 }
 
 void AnswerMessages(std::vector<std::string>* messages) {

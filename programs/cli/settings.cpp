@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "fills/fountain_control.h"
+#include "platform/files.h"
 #include "programs/cli/control_values.h"
 #include "programs/cli/style_names.h"
 #include "programs/cli/values.h"
@@ -154,6 +156,20 @@ SettingFault ApplyValue(platform::WindowHandle dialog, const Setting& setting) {
     return {kWrongUse, "--set " + setting.Key + ": " + ShownText(setting.Value) + " " + error};
 }
 
+SettingFault ApplyFountainFile(platform::WindowHandle dialog, const Setting& setting) {
+    const platform::WindowHandle control =
+        platform::Control(dialog, FindSettingControl(dialog, setting));
+    if (std::string_view(platform::ControlTag(control)) != kFountainTag) {
+        return {kWrongUse, "--fountain: " + ShownText(setting.Key) +
+                               " is no fountain; 'tessellomatics params STYLE' lists a style's"};
+    }
+    if (LoadFountainFile(control, setting.Value) != 0) return {};
+    const char* fault = platform::FileExists(setting.Value)
+                            ? ": is no fountain's file, or a damaged one"
+                            : ": cannot be read";
+    return {kFailed, setting.Value + fault};
+}
+
 // Shows a variable's value in its control as the opening of the dialog does: the
 // variable keeps what the control holds in its range.
 void ShowVariable(platform::WindowHandle dialog, const ConfigKey& row) {
@@ -198,6 +214,8 @@ SettingFault ApplySetting(platform::WindowHandle dialog, const Setting& setting)
             return ApplyValue(dialog, setting);
         case SettingKind::Configuration:
             return ApplyConfiguration(dialog, setting.Value);
+        case SettingKind::FountainFile:
+            return ApplyFountainFile(dialog, setting);
         case SettingKind::Document:
             if (ReadDocument(dialog, setting.Value.c_str()) == 0) return {kFailed, setting.Value};
             return {};

@@ -137,8 +137,10 @@ int RunItem(const Request& request, TextureGroupReader& reader) {
                  "; without it the command lists the group");
         return kWrongUse;
     }
+    constexpr int kOwnSize = 128;
     const platform::OwnedBlock picture(
-        RenderTextureAt(texture.item, request.Width, request.Height));
+        RenderTextureAt(texture.item, request.Width != 0 ? request.Width : kOwnSize,
+                        request.Height != 0 ? request.Height : kOwnSize));
     const LockedImage image(picture.Get());
     if (!image) {
         TellUser(ShownText(texture.name) + " cannot be rendered: " +

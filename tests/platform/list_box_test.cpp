@@ -111,4 +111,20 @@ TEST_F(ListBox, DoubleClickSelectsAndTells) {
     EXPECT_EQ(log, (std::vector<std::string>{"open", "900/1", "900/2", "destroy"}));
 }
 
+TEST_F(ListBox, PlaceIsInTheEntryThatCoversIt) {
+    WithList(kOwnerDrawn, [](WindowHandle dialog) {
+        platform::AddListItem(dialog, kList, "a", nullptr);
+        platform::AddListItem(dialog, kList, "b", nullptr);
+        platform::SetListItemSize(dialog, kList, {40, 15});
+        EXPECT_EQ(platform::ListItemAt(dialog, kList, 3, 0), 0);
+        EXPECT_EQ(platform::ListItemAt(dialog, kList, 3, 14), 0);
+        EXPECT_EQ(platform::ListItemAt(dialog, kList, 3, 15), 1);
+        EXPECT_EQ(platform::ListItemAt(dialog, kList, 3, 30), -1);
+        EXPECT_EQ(platform::ListItemAt(dialog, kList, 3, -1), -1);
+        EXPECT_EQ(platform::ListItemAt(dialog, kList, -1, 5), -1);
+        EXPECT_EQ(platform::ListItemAt(dialog, kList, 60, 5), -1);
+        EXPECT_EQ(platform::ListItemAt(dialog, 12345, 3, 5), -1);
+    });
+}
+
 }  // namespace

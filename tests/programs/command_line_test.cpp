@@ -43,6 +43,12 @@ constexpr OptionCase kCases[] = {
                 r.Settings[0].Value == "a.ini";
      },
      ""},
+    {"fountain", "build", "270=a.mtrl",
+     [](const Request& r) {
+         return r.Settings.size() == 1 && r.Settings[0].Kind == SettingKind::FountainFile &&
+                r.Settings[0].Key == "270" && r.Settings[0].Value == "a.mtrl";
+     },
+     "a.mtrl"},
     {"save", "config", nullptr, [](const Request& r) { return r.Saves; }, nullptr},
     {"defaults", "sample", nullptr, [](const Request& r) { return r.StartsAnew; }, nullptr},
     {"host", "preview", "milliseconds",
@@ -59,6 +65,10 @@ constexpr OptionCase kCases[] = {
     {"size", "texture", "40x30", [](const Request& r) { return r.Width == 40 && r.Height == 30; },
      "40"},
     {"json", "styles", nullptr, [](const Request& r) { return r.Json; }, nullptr},
+    {"library", "fountain", "a.fll", [](const Request& r) { return r.Library == "a.fll"; }, ""},
+    {"add", "fountain", "#000000,#FFFFFF",
+     [](const Request& r) { return r.AddedFountain == "#000000,#FFFFFF"; }, ""},
+    {"remove", "fountain", nullptr, [](const Request& r) { return r.Removes; }, nullptr},
     {"quiet", "styles", nullptr, [](const Request& r) { return r.Quiet; }, nullptr},
     {"help", "build", nullptr, [](const Request& r) { return r.Help; }, nullptr},
     {"version", "build", nullptr, [](const Request& r) { return r.Version; }, nullptr},

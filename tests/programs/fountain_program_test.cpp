@@ -1,0 +1,157 @@
+// Fountains on the command line: the command for them and their library, and the options
+// that put one into a run.
+#include <gtest/gtest.h>
+
+#include "tests/programs/program_run.h"
+
+namespace tess {
+namespace {
+
+using test::ProgramFolder;
+using test::ProgramRun;
+
+constexpr char kTwo[] = "'#000000,25:#FF0000,#FFFFFF'";
+constexpr char kSmallFountain[] =
+    "sample fountain --defaults --set width=64 --set depth=16 -o made.bmp ";
+
+class FountainProgram : public ::testing::Test {
+protected:
+    ProgramRun Run(const std::string& words) { return folder_.Run(words); }
+    ProgramRun Library(const std::string& words) {
+        return Run("fountain --library a.fll " + words);
+    }
+    void Fill() {
+        ASSERT_EQ(Library(std::string("--add ") + kTwo).status, 0);
+        ASSERT_EQ(Library("--add '#102030,#FF0000,#FFFFFF'").status, 0);
+    }
+    void ExpectRefusal(const ProgramRun& run, int status, const std::string& text) {
+        EXPECT_EQ(run.status, status) << run.errors;
+        EXPECT_EQ(run.output, "");
+        EXPECT_EQ(run.errors.substr(0, 16), "tessellomatics: ");
+        EXPECT_NE(run.errors.find(text), std::string::npos) << run.errors;
+    }
+    std::vector<std::uint8_t> Sample(const std::string& words) {
+        const ProgramRun run = Run(kSmallFountain + words);
+        EXPECT_EQ(run.status, 0) << run.errors;
+        return folder_.Bytes("made.bmp");
+    }
+
+    ProgramFolder folder_;
+};
+
+TEST_F(FountainProgram, LibraryIsListedByNumberAndColors) {
+    Fill();
+    EXPECT_EQ(Library("").output,
+              "  0  #000000,25:#FF0000,#FFFFFF\n  1  #102030,127:#FF0000,#FFFFFF\n");
+}
+
+TEST_F(FountainProgram, AddPrintsTheNumberOfTheEntry) {
+    EXPECT_EQ(Library(std::string("--add ") + kTwo).output, "0\n");
+    EXPECT_EQ(Library(std::string("--add ") + kTwo).output, "1\n");
+    EXPECT_EQ(folder_.Bytes("a.fll").size(), 80u + 2 * 340);
+}
+
+TEST_F(FountainProgram, UsersLibraryIsTheDefaultAndItsFolderIsMade) {
+    ExpectRefusal(Run("fountain"), 1, "there is no such library");
+    EXPECT_EQ(Run(std::string("fountain --add ") + kTwo).status, 0);
+    EXPECT_EQ(Run("fountain").output, "  0  #000000,25:#FF0000,#FFFFFF\n");
+}
+
+TEST_F(FountainProgram, JsonHoldsEndsMarkersAndText) {
+    Fill();
+    const std::string json = Library("--json").output;
+    for (const char* part : {"\"index\": 1", "\"start\": \"#102030\"", "\"end\": \"#FFFFFF\"",
+                             "\"position\": 25", "\"text\": \"#000000,25:#FF0000,#FFFFFF\""})
+        EXPECT_NE(json.find(part), std::string::npos) << part;
+}
+
+TEST_F(FountainProgram, EntryIsShownAsAPictureOfTheSize) {
+    Fill();
+    ASSERT_EQ(Library("1 -o strip.bmp --size 20x3").status, 0);
+    const auto bytes = folder_.Bytes("strip.bmp");
+    EXPECT_EQ(bytes.size(), 54u + 60 * 3);
+    EXPECT_EQ(bytes[18], 20);
+    EXPECT_EQ(bytes[22], 3);
+}
+
+TEST_F(FountainProgram, EntryIsTakenOutIntoAControlsFile) {
+    Fill();
+    ASSERT_EQ(Library("0 --remove -o out.mtrl").status, 0);
+    EXPECT_EQ(folder_.Bytes("out.mtrl").size(), 585u);
+    EXPECT_EQ(Library("").output, "  0  #102030,127:#FF0000,#FFFFFF\n");
+    EXPECT_EQ(Run("fountain out.mtrl").output, "#000000,25:#FF0000,#FFFFFF\n");
+    EXPECT_EQ(Library("--add out.mtrl").output, "1\n");
+}
+
+TEST_F(FountainProgram, LastEntryTakesTheLibraryWithIt) {
+    ASSERT_EQ(Library(std::string("--add ") + kTwo).status, 0);
+    ASSERT_EQ(Library("0 --remove").status, 0);
+    EXPECT_EQ(folder_.Names(), "");
+}
+
+TEST_F(FountainProgram, EntryThatCannotBeWrittenIsNotRemoved) {
+    Fill();
+    ExpectRefusal(Library("0 --remove -o none/out.mtrl"), 1, "none/out.mtrl");
+    EXPECT_EQ(folder_.Bytes("a.fll").size(), 80u + 2 * 340);
+}
+
+TEST_F(FountainProgram, DamagedLibraryIsNamedAndStays) {
+    folder_.Write("a.fll", "QRVNFLHH and no more");
+    for (const char* words : {"", "0", "0 --remove", "--add '#000000,#FFFFFF'"})
+        ExpectRefusal(Library(words), 1, "a.fll: is no fountain library");
+    EXPECT_EQ(folder_.Text("a.fll"), "QRVNFLHH and no more");
+}
+
+TEST_F(FountainProgram, WrongUseIsTold) {
+    Fill();
+    ExpectRefusal(Library("2"), 2, "there is no entry '2'; the library holds 0 to 1");
+    ExpectRefusal(Library("0 -o a.gif"), 2, "it takes .png, .bmp or .mtrl");
+    ExpectRefusal(Library("nonsense"), 2, "'nonsense' is no fountain");
+    ExpectRefusal(Library("-o a.png"), 2, "needs the number of an entry");
+    ExpectRefusal(Library("--remove"), 2, "needs the number of an entry");
+    ExpectRefusal(Library("'#000000,#FFFFFF' --remove"), 2, "needs the number of an entry");
+    ExpectRefusal(Library("0 --add '#000000,#FFFFFF'"), 2, "--add goes with");
+    ExpectRefusal(Library("0 --size 0x9 -o a.png"), 2, "--size");
+}
+
+TEST_F(FountainProgram, FileAndColorsAndDigitsPutTheSameFountainIntoARun) {
+    ASSERT_EQ(Run(std::string("fountain ") + kTwo + " -o a.mtrl").status, 0);
+    const auto by_file = Sample("--fountain 270=a.mtrl");
+    EXPECT_NE(by_file, Sample(""));
+    EXPECT_EQ(by_file, Sample(std::string("--set fountain=") + kTwo));
+    EXPECT_EQ(by_file, Sample("--fountain fountain=a.mtrl"));
+    // A file's fountain loops as its control does; a document's line says so itself.
+    std::string digits;
+    auto bytes = folder_.Bytes("a.mtrl");
+    bytes[16] = 3;
+    for (const std::uint8_t byte : bytes) {
+        digits += "0123456789ABCDEF"[byte >> 4];
+        digits += "0123456789ABCDEF"[byte & 15];
+    }
+    EXPECT_EQ(by_file, Sample("--set 270=" + digits));
+}
+
+TEST_F(FountainProgram, WrongFountainFileIsNamed) {
+    folder_.Write("short.mtrl", "QRVNFOUN");
+    const std::string sample(kSmallFountain);
+    ExpectRefusal(Run(sample + "--fountain 270=short.mtrl"), 1,
+                  "short.mtrl: is no fountain's file");
+    ExpectRefusal(Run(sample + "--fountain 270=none.mtrl"), 1, "none.mtrl: cannot be read");
+    ExpectRefusal(Run(sample + "--fountain width=short.mtrl"), 2, "'width' is no fountain");
+    ExpectRefusal(Run(sample + "--fountain 9999=short.mtrl"), 2, "'9999' is no fountain");
+}
+
+TEST_F(FountainProgram, WrongFountainValueIsToldWithWhatItTakes) {
+    const std::string sample(kSmallFountain);
+    ExpectRefusal(Run(sample + "--set 270=5152"), 2, "it takes colors such as");
+    ExpectRefusal(Run(sample + "--set '270=#000000'"), 2, "has one color");
+}
+
+TEST_F(FountainProgram, FountainGoesIntoADocument) {
+    ASSERT_EQ(Run("document --defaults -o a.qv1 --set 290='#0000FF,#000001,#00FF00'").status, 0);
+    EXPECT_NE(folder_.Text("a.qv1").find("FOUNTB290=5152564E464F554E01000004"), std::string::npos);
+    EXPECT_EQ(Run("document a.qv1").status, 0);
+}
+
+}  // namespace
+}  // namespace tess
