@@ -70,6 +70,20 @@ TEST_F(MaterialCommand, RendersAtItsSize) {
     EXPECT_EQ(Picture("").size(), 128u * 128u);
 }
 
+TEST_F(MaterialCommand, RendersTheExampleOfTheFormatsDescription) {
+    constexpr std::uint32_t kStart = 0x302010, kThird = 0x746A5F, kEnd = 0xFFFFFF;
+    EXPECT_EQ(Run("--set mode=gradient --set color=#336699 --set gradient-type=rectangular "
+                  "--set start-color=#102030 --set end-color=#FFFFFF --set center-x=-20 "
+                  "-o a.mtrl --size 1x1")
+                  .status,
+              0);
+    EXPECT_EQ(Picture("a.mtrl --size 4x4"),
+              (std::vector<std::uint32_t>{kThird, kThird, kThird, kStart,  //
+                                          kEnd, kEnd, kThird, kStart,      //
+                                          kThird, kThird, kThird, kStart,  //
+                                          kStart, kStart, kStart, kStart}));
+}
+
 TEST_F(MaterialCommand, RendersEachModeAsTheCoreDoes) {
     for (int mode = 0; mode < kMaterialModes; ++mode) {
         Material material;
