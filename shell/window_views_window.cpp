@@ -5,6 +5,8 @@
 #include "fills/curve_graph.h"
 #include "fills/fountain_control.h"
 #include "fills/fountain_library_dialog.h"
+#include "fills/gradient_dialog.h"
+#include "fills/material_control.h"
 #include "fills/matrix_control.h"
 #include "fills/matrix_dialog.h"
 #include "fills/texture_dialog.h"
@@ -15,12 +17,14 @@
 namespace tess {
 
 void InstallWindowViews() {
+    InstallDialogBackground();
     InstallDirectionPickerView();
     InstallNumberEditView();
     InstallSkinnedButtonView();
+    InstallGradientDialogView();
+    InstallMaterialButtonView();
     InstallMatrixControlView();
     InstallMatrixDialogView();
-    InstallDialogBackground();
     InstallFountainButtonView();
     InstallFountainLibraryView();
     InstallMainDialogView();

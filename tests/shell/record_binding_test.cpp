@@ -1,4 +1,3 @@
-#include "fills/record_control.h"
 #include "tests/shell/panel_dialog_fixture.h"
 
 namespace tess::test {
@@ -9,7 +8,6 @@ using platform::WindowHandle;
 
 constexpr int kMural = 10;
 constexpr int kMuralTile = 362;
-constexpr int kButton = 25;  // any button serves as a material's
 
 class RecordBindingTest : public PanelDialogTest {
 protected:
@@ -62,18 +60,9 @@ TEST_F(RecordBindingTest, LackOfMemoryLeavesTheRecord) {
     });
 }
 
-TEST_F(RecordBindingTest, MaterialHas1282BytesAndReadsItsLineBack) {
-    InPanelDialog([&](WindowHandle dialog) {
-        BindMaterialControl(dialog, kButton);
-        EXPECT_EQ(Save(dialog, kButton), "MATLBT25=" + std::string(2 * 1282, '0') + "\n");
-        EXPECT_EQ(Load(dialog, kButton, "MATLBT25=51525"), 1);  // half a byte is dropped
-        EXPECT_TRUE(Save(dialog, kButton).starts_with("MATLBT25=51520000"));
-    });
-}
-
 TEST_F(RecordBindingTest, RecordsGoWithTheirDialog) {
     const std::size_t blocks = platform::CurrentMemoryUse().live_blocks;
-    InPanelDialog([&](WindowHandle dialog) { BindMaterialControl(dialog, kButton); }, {kMural});
+    InPanelDialog([](WindowHandle) {}, {kMural});
     EXPECT_EQ(platform::CurrentMemoryUse().live_blocks, blocks);
 }
 
