@@ -3,7 +3,7 @@
 #
 # The default groups are those of resources/groups/ and those that the target
 # default_groups makes, in TESSELLOMATICS_GROUPS.
-set(TESSELLOMATICS_GROUPS ${PROJECT_BINARY_DIR}/groups CACHE PATH "folder of the groups made by a build")
+set(TESSELLOMATICS_GROUPS ${PROJECT_BINARY_DIR}/share/tessellomatics/groups CACHE PATH "folder of the groups made by a build")
 
 file(GLOB help_pictures CONFIGURE_DEPENDS resources/help/pictures/*)
 set(help_page ${PROJECT_BINARY_DIR}/pages/VORBELx1.HTML)

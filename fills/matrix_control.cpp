@@ -5,9 +5,9 @@
 
 #include "controls/control_line.h"
 #include "controls/hexadecimal.h"
+#include "fills/group_list.h"
 #include "fills/matrix_dialog.h"
 #include "fills/matrix_group_file.h"
-#include "platform/files.h"
 #include "shell/control_contract.h"
 
 namespace tess {
@@ -52,7 +52,7 @@ void Initialize(WindowHandle control, std::int32_t element) {
         const LockedMatrixTile tile(block.Get());
         if (!tile || InitMatrixTile(tile) == 0) return;
         tile->Element = element;
-        SetMatrixTilePath(tile, platform::PluginFile(MatrixGroupFile));
+        SetMatrixTilePath(tile, GroupPath(MatrixGroupFile));
         LoadPicture(tile);
     }
     ReplaceRecord(control, block.Release());

@@ -86,7 +86,7 @@ void TakeSelection(WindowHandle dialog) {
         platform::FreeBlock(working_tile->Image);
         working_tile->Image = copy.Release();
         working_tile->Element = index;
-        SetMatrixTilePath(working_tile, platform::PluginFile(MatrixGroupFile));
+        SetMatrixTilePath(working_tile, GroupPath(MatrixGroupFile));
         platform::RepaintControl(dialog, kMatrixPreview);
         UpdateSizeText(dialog);
     }
@@ -166,7 +166,7 @@ void DeleteGroup(WindowHandle dialog) {
     char question[512];
     std::snprintf(question, sizeof question, kDeleteQuestion, GroupNameOf(MatrixGroupFile).c_str());
     if (!AskYesNo(dialog, question)) return;
-    if (platform::MoveToRecycleBin(platform::PluginFile(MatrixGroupFile)) == 0)
+    if (platform::MoveToRecycleBin(GroupPath(MatrixGroupFile)) == 0)
         return ShowMessage(dialog, LoadStringText(StringId::ErrorWritingFile));
     platform::DeleteListItem(dialog, kGroups, FindGroup(dialog, GroupNameOf(MatrixGroupFile)));
     std::snprintf(MatrixGroupFile, sizeof MatrixGroupFile, "%s", kDefaultMatrixGroup);

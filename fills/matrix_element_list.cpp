@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "fills/group_list.h"
 #include "fills/matrix_group_file.h"
 #include "platform/block_guards.h"
-#include "platform/files.h"
 #include "platform/list_box.h"
 
 namespace tess {
@@ -15,7 +15,7 @@ using platform::WindowHandle;
 
 int LoadMatrixGroup(WindowHandle dialog) {
     MatrixGroup group;
-    switch (ReadMatrixGroup(platform::PluginFile(MatrixGroupFile), &group)) {
+    switch (ReadMatrixGroup(GroupPath(MatrixGroupFile), &group)) {
         case GroupReading::Missing:
             return 1;
         case GroupReading::Damaged:
@@ -39,8 +39,7 @@ int SaveMatrixGroup(WindowHandle dialog) {
     if (!elements) return 0;
     for (int i = 0; i < count; ++i)
         elements[static_cast<std::size_t>(i)] = MatrixElementAt(dialog, i);
-    return WriteMatrixGroup(platform::PluginFile(MatrixGroupFile),
-                            {elements.data(), elements.size()});
+    return WriteMatrixGroup(GroupPath(MatrixGroupFile), {elements.data(), elements.size()});
 }
 
 ImageHandle MatrixElementAt(WindowHandle dialog, int index) {

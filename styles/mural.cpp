@@ -108,7 +108,8 @@ ImageHandle RenderFrame(StyleContext& context, MuralState& state, int frame) {
     int across = 0, down = 0;
     {
         const LockedImage image(tile.Get());
-        if (!image) return nullptr;
+        // A picture that Resize has left without a pixel is no frame for anyone.
+        if (!image || image->Width < 1 || image->Height < 1) return nullptr;
         across = static_cast<int>(image->Width * state.Phase);
         down = static_cast<int>(image->Height * state.Phase);
     }

@@ -59,6 +59,10 @@ bool ApplyConfig(Request& request, std::string_view value) {
     return TakeFile(request, value, SettingKind::Configuration);
 }
 
+bool ApplyTile(Request& request, std::string_view value) {
+    return TakeFile(request, value, SettingKind::Tile);
+}
+
 bool ApplyFountain(Request& request, std::string_view value) {
     const std::size_t equals = value.find('=');
     if (equals == std::string_view::npos || equals == 0 || equals + 1 == value.size()) return false;
@@ -72,6 +76,7 @@ bool ApplyLibrary(Request& request, std::string_view value) {
 }
 
 bool ApplyAdd(Request& request, std::string_view value) {
+    request.AddedPictures.emplace_back(value);
     return TakeText(request.AddedFountain, value);
 }
 
@@ -192,6 +197,12 @@ constexpr CommandRow kCommands[] = {
      "and writes an index page there that shows each as a page background, with its name and its "
      "command.",
      RunGallery},
+    {"tiles", kTilesBit, "[GROUP [INDEX]]", 0, 2, "List picture tiles, show one, change a group.",
+     "Lists the groups of tiles, or the tiles of a group; with INDEX and -o writes that tile as a "
+     "picture, with INDEX and --remove takes it out of a group of your own; --add adds a picture "
+     "to one. GROUP is the name of a group of yours or of one that came with the program, or the "
+     "path of a .mtx file.",
+     RunTiles},
     {"material", kMaterialBit, "[FILE]", 0, 1, "Show, render or write a material (.mtrl).",
      "Takes a material out of FILE, or a plain one, and sets over it what --set says. Without -o "
      "it shows what the material holds; with -o it renders it as .png or .bmp, or writes it as a "
@@ -224,7 +235,7 @@ constexpr CommandRow kCommands[] = {
 constexpr OptionRow kOptions[] = {
     {"output", 'o', "FILE",
      kBuildBit | kSampleBit | kEncodeBit | kGalleryBit | kDocumentBit | kTextureBit | kFountainBit |
-         kMaterialBit,
+         kTilesBit | kMaterialBit,
      "Write the result to FILE.",
      "The ending decides the format. Animations: .gif; .webp, without loss; .png, animated; a name "
      "that ends in / or .bmp, or has no ending, is a folder of .bmp frames as --frames writes it. "
@@ -245,8 +256,8 @@ constexpr OptionRow kOptions[] = {
      "comment, effect, dither-brightness, dither-contrast, fast-remap. VALUE is a number, decimal "
      "or with 0x; for a colour also #RRGGBB; for a check box also yes or no; for a list also the "
      "text of a choice; for a fountain colors as 'tessellomatics fountain' takes them, or the "
-     "digits of a document. A value out of range is an error. The keys of 'material' are those "
-     "that it shows.",
+     "digits of a document; for a tile its index in the group, or for its control id the digits. A "
+     "value out of range is an error. The keys of 'material' are those that it shows.",
      ApplySet, "KEY=VALUE"},
     {"document", 0, "FILE", kSettingCommands, "Set all that a .qv1 document holds.",
      "Counts in its place among the --set. STYLE, where it is given, goes before the document's.",
@@ -254,6 +265,11 @@ constexpr OptionRow kOptions[] = {
     {"config", 0, "FILE", kSettingCommands, "Set all that a configuration file holds.",
      "Counts in its place among the --set. STYLE, where it is given, goes before the file's.",
      ApplyConfig, "the path of a file"},
+    {"tile", 0, "TILE", kSettingCommands, "Choose the tile of Mural.",
+     "GROUP:INDEX is a tile of a group, as 'tessellomatics tiles' lists them; counts in its place "
+     "among the --set. A picture (.png, .bmp, .ppm) is taken as it is; a document, which names "
+     "tiles by their group, cannot hold one.",
+     ApplyTile, "GROUP:INDEX or the path of a picture"},
     {"fountain", 0, "KEY=FILE", kSettingCommands & ~unsigned{kConfigBit},
      "Read a fountain's colors from a file.",
      "KEY is as for --set, FILE a control's file (Fountain00270.mtrl). Counts in its place among "
@@ -295,16 +311,22 @@ constexpr OptionRow kOptions[] = {
     {"library", 0, "FILE", kFountainBit, "Work on the library FILE.",
      "Default: FountainLibrary.fll in the program's folder among the user's own data.",
      ApplyLibrary, "the path of a file"},
-    {"add", 0, "FOUNTAIN", kFountainBit, "Add a fountain to the library; prints its number.",
-     "The library is made where there is none.", ApplyAdd, "a fountain"},
-    {"remove", 0, nullptr, kFountainBit, "Take the entry out of the library.",
+    {"add", 0, "ITEM", kFountainBit | kTilesBit,
+     "Add a fountain to the library, or a picture to the group.",
+     "Prints the fountain's number. A picture is a .png, .bmp or .ppm of which one side at least "
+     "has 512 pixels or fewer; several may be added at once. The library, or the group, is made "
+     "where there is none.",
+     ApplyAdd, "a fountain or the path of a picture"},
+    {"remove", 0, nullptr, kFountainBit | kTilesBit,
+     "Take the entry out of the library, or the tile out of the group.",
      "With -o it is written there first. A library without entries is removed.", ApplyRemove,
      nullptr},
     {"size", 0, "WxH", kTextureBit | kFountainBit | kMaterialBit, "Render at that many pixels.",
      "1x1 to 4096x4096. Default: 128x128 for a texture or material, 181x30 for a fountain.",
      ApplySize, "WIDTHxHEIGHT, each 1 to 4096"},
     {"json", 0, nullptr,
-     kStylesBit | kParamsBit | kDocumentBit | kCheckBit | kTextureBit | kFountainBit | kMaterialBit,
+     kStylesBit | kParamsBit | kDocumentBit | kCheckBit | kTextureBit | kFountainBit | kTilesBit |
+         kMaterialBit,
      "Write JSON, for programs.", "", ApplyJson, nullptr},
     {"quiet", 'q', nullptr, kAllCommands, "Show no progress.", "", ApplyQuiet, nullptr},
     {"help", 'h', nullptr, kAllCommands, "Show help and end.", "", ApplyHelp, nullptr},

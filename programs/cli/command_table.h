@@ -22,9 +22,10 @@ enum CommandBit : unsigned {
     kGalleryBit = 256,
     kTextureBit = 512,
     kFountainBit = 1024,
+    kTilesBit = 2048,
     kMaterialBit = 4096,
     kCheckBit = 8192,
-    kAllCommands = 511 | kTextureBit | kFountainBit | kMaterialBit | kCheckBit,
+    kAllCommands = 511 | kTextureBit | kFountainBit | kTilesBit | kMaterialBit | kCheckBit,
 };
 
 struct CommandRow {

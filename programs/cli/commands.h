@@ -16,6 +16,7 @@ int RunConfig(const Request& request);
 int RunDocument(const Request& request);
 int RunGallery(const Request& request);
 int RunFountain(const Request& request);
+int RunTiles(const Request& request);
 int RunMaterial(const Request& request);
 int RunTexture(const Request& request);
 int RunCheck(const Request& request);

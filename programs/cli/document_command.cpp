@@ -9,6 +9,7 @@
 #include "programs/cli/session.h"
 #include "programs/cli/settings.h"
 #include "programs/cli/style_names.h"
+#include "programs/cli/tile_settings.h"
 #include "programs/cli/values.h"
 #include "shell/control_contract.h"
 #include "shell/document.h"
@@ -108,6 +109,12 @@ int ShowDocumentFile(const Request& request) {
 }
 
 int WriteDocumentFile(const Request& request) {
+    for (const Setting& setting : request.Settings) {
+        if (!IsPictureTile(setting)) continue;
+        TellUser("--tile: a document names a tile by its group; add " + ShownText(setting.Value) +
+                 " to one first: tessellomatics tiles GROUP --add PICTURE");
+        return kWrongUse;
+    }
     if (const int status = CheckDocumentOutput(request.Output); status != kDone) return status;
     Session session;
     session.Work = [&request](platform::WindowHandle dialog) {

@@ -11,6 +11,7 @@
 #include "programs/cli/fountain_text.h"
 #include "programs/cli/output_format.h"
 #include "programs/cli/session.h"
+#include "programs/cli/user_folders.h"
 #include "programs/cli/values.h"
 
 namespace tess {

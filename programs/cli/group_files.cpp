@@ -3,6 +3,7 @@
 #include "fills/group_list.h"
 #include "platform/files.h"
 #include "programs/cli/values.h"
+#include "programs/default_groups.h"
 
 namespace tess {
 
@@ -14,10 +15,6 @@ bool EndsIn(const std::string& name, const std::string& extension) {
 }
 
 }  // namespace
-
-std::string ProvidedGroupFolder() {
-    return platform::ModuleFolder() + "../share/tessellomatics/groups/";
-}
 
 std::string FindGroupFile(const std::string& name, const char* extension) {
     const bool is_path = EndsIn(name, extension) || name.find('/') != std::string::npos;

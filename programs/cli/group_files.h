@@ -10,8 +10,4 @@ namespace tess {
 /// came with the program. Empty when there is none.
 [[nodiscard]] std::string FindGroupFile(const std::string& name, const char* extension);
 
-/// The folder of the groups that came with the program, with a trailing separator:
-/// beside the folder that the program is in, as the build and an installation lay it.
-[[nodiscard]] std::string ProvidedGroupFolder();
-
 }  // namespace tess

@@ -139,7 +139,7 @@ std::string TakesText(const DialogTemplate* panel, const StyleParameter& paramet
         case ParameterKind::Fountain:
             return "colors";
         case ParameterKind::Matrix:
-            return "hexadecimal";
+            return "a tile's index";
         default:
             return "0 to " + std::to_string(PickerCells(parameter.Kind) - 1);
     }
@@ -152,7 +152,6 @@ std::string StartText(const StyleParameter& parameter) {
         case ParameterKind::CheckBox:
             return parameter.Start != 0 ? "yes" : "no";
         case ParameterKind::Fountain:
-        case ParameterKind::Matrix:
             return "";
         default:
             return std::to_string(parameter.Start);

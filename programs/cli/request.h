@@ -16,11 +16,11 @@ inline constexpr int kDone = 0;
 inline constexpr int kFailed = 1;
 inline constexpr int kWrongUse = 2;
 
-enum class SettingKind { Value, Document, Configuration, FountainFile };
+enum class SettingKind { Value, Document, Configuration, FountainFile, Tile };
 
-/// One `--set`, `--document`, `--config` or `--fountain`, in the order given.
+/// One `--set`, `--document`, `--config`, `--fountain` or `--tile`, in the order given.
 struct Setting {
-    std::string Key;    ///< of a value, and of a fountain's file
+    std::string Key;    ///< of a value or a fountain's file; of a tile its group's path
     std::string Value;  ///< of a file its path
     SettingKind Kind = SettingKind::Value;
 };
@@ -43,6 +43,9 @@ struct Request {
     bool StartsAnew = false;  ///< from the values of a new installation
     DelayUnit HostUnit = DelayUnit::Hundredths;
     std::optional<bool> HostTrueColor;
+
+    // Of `tiles`.
+    std::vector<std::string> AddedPictures;
 
     // Of `texture`, `fountain` and `material`: the size of a picture, 0 for the command's own.
     int Width = 0;

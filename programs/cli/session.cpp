@@ -1,14 +1,15 @@
 #include "programs/cli/session.h"
 
 #include <cstdio>
-#include <filesystem>
-#include <system_error>
 
+#include "fills/matrix_group_file.h"
 #include "platform/files.h"
 #include "platform/headless_user.h"
 #include "programs/cli/output_format.h"
 #include "programs/cli/progress_bar.h"
 #include "programs/cli/settings.h"
+#include "programs/cli/tile_settings.h"
+#include "programs/cli/user_folders.h"
 #include "shell/configuration.h"
 #include "shell/control_contract.h"
 #include "shell/main_dialog.h"
@@ -35,6 +36,7 @@ struct UserState {
     /// format or the host, and by opening the dialog.
     std::uint32_t TrueColor = 0;
     std::uint32_t FirstRun = 0;
+    std::string TileGroup = {};  ///< the current group's path, empty when there is none
 };
 
 bool AnswerMessageBox(platform::WindowHandle dialog, std::vector<std::string>* messages) {
@@ -53,12 +55,22 @@ void ChooseStyle(platform::WindowHandle dialog, const UserState& user) {
     if (user.Style >= 0) LoadControlValue(dialog, kEffectList, std::to_string(user.Style));
 }
 
+// Shows the tiles that a configuration file has named.
+void ShowConfiguredTiles(platform::WindowHandle dialog) {
+    platform::SetUserFolder("");
+    const std::string path = FindTileGroup(MatrixGroupFile);
+    platform::SetUserFolder(kNoFolder);
+    ShowTilesOfParameters(dialog, path);
+}
+
 // Applies what a file holds; the style that the command names goes before the file's.
 SettingFault ApplyFile(platform::WindowHandle dialog, UserState& user, const Setting& setting) {
     std::vector<std::string>& messages = user.Run->Messages;
     const std::size_t told = messages.size();
     if (WritesGif(user)) LoadControlValue(dialog, kTrueColorBox, std::to_string(user.TrueColor));
     SettingFault fault = ApplySetting(dialog, setting);
+    if (fault.Status == kDone && setting.Kind == SettingKind::Configuration)
+        ShowConfiguredTiles(dialog);
     if (fault.Status != kDone && messages.size() > told) {
         fault.Text += ": " + messages.back();
         messages.resize(told);
@@ -70,8 +82,9 @@ SettingFault ApplyFile(platform::WindowHandle dialog, UserState& user, const Set
 }
 
 SettingFault ApplyOne(platform::WindowHandle dialog, UserState& user, const Setting& setting) {
-    if (setting.Kind == SettingKind::FountainFile) return ApplySetting(dialog, setting);
-    if (setting.Kind != SettingKind::Value) return ApplyFile(dialog, user, setting);
+    const bool is_file =
+        setting.Kind == SettingKind::Document || setting.Kind == SettingKind::Configuration;
+    if (is_file) return ApplyFile(dialog, user, setting);
     SettingFault fault = ApplySetting(dialog, setting);
     if (FindSettingControl(dialog, setting) == kTrueColorBox) user.TrueColor = Truecolour;
     return fault;
@@ -79,6 +92,7 @@ SettingFault ApplyOne(platform::WindowHandle dialog, UserState& user, const Sett
 
 // Sets everything as the request says. Returns what is wrong with it.
 SettingFault SetValues(platform::WindowHandle dialog, UserState& user) {
+    ShowMissingTiles(dialog, user.TileGroup);
     ChooseStyle(dialog, user);
     if (WritesGif(user)) LoadControlValue(dialog, kTrueColorBox, "0");
     if (user.Want == Wish::Work) FirstRun = user.FirstRun;
@@ -94,11 +108,18 @@ SettingFault SetValues(platform::WindowHandle dialog, UserState& user) {
     return {};
 }
 
+// What the dialog has done before anyone can press a button. Mural's Build relies on it.
+void PaintSample(platform::WindowHandle dialog) {
+    platform::FreeBlock(RenderSample(dialog, 0, 0).Image);
+}
+
 void PressOrKeep(platform::WindowHandle dialog, const UserState& user) {
     switch (user.Want) {
         case Wish::Build:
+            PaintSample(dialog);
             return platform::ClickControl(dialog, kBuildButton);
         case Wish::Preview:
+            PaintSample(dialog);
             return platform::ClickControl(dialog, kPreviewButton);
         case Wish::Sample:
             user.Run->Sample.Reset(RenderSample(dialog, 0, 0).Image);
@@ -180,6 +201,7 @@ void RunDialogAs(UserState& user) {
     ReadConfiguration();
     user.TrueColor = Truecolour;
     user.FirstRun = FirstRun;
+    user.TileGroup = FindTileGroup(MatrixGroupFile);
     platform::SetHeadlessUser(ActAsUser, &user);
     RunMainDialog(nullptr, &user.Run->Host.Services);
     platform::SetHeadlessUser(nullptr, nullptr);
@@ -188,7 +210,15 @@ void RunDialogAs(UserState& user) {
 
 }  // namespace
 
-int RunSession(const Request& request, Wish wish, int style, Session* session) {
+int RunSession(const Request& asked, Wish wish, int style, Session* session) {
+    Request request = asked;
+    for (Setting& setting : request.Settings) {
+        if (setting.Kind != SettingKind::Tile) continue;
+        const SettingFault fault = FindTile(&setting);
+        if (fault.Status == kDone) continue;
+        TellUser(fault.Text);
+        return fault.Status;
+    }
     // The preview's delays are ten times finer for a host that takes 24-bit frames.
     const bool true_color = request.HostTrueColor.value_or(
         wish != Wish::Preview || request.HostUnit == DelayUnit::Milliseconds);
@@ -218,19 +248,6 @@ int RunSession(const Request& request, Wish wish, int style, Session* session) {
 
 void TellUser(const std::string& text) {
     std::fprintf(stderr, "tessellomatics: %s\n", text.c_str());
-}
-
-int MakeUserFolders() {
-    for (const auto path_in : {platform::UserFile, platform::PluginFile}) {
-        const std::string folder = path_in("");
-        std::error_code error;
-        std::filesystem::create_directories(folder, error);
-        if (folder.empty() || error) {
-            TellUser(folder + ": the folder for saved values cannot be made");
-            return kFailed;
-        }
-    }
-    return kDone;
 }
 
 void AnswerMessages(std::vector<std::string>* messages) {

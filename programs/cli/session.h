@@ -37,10 +37,6 @@ struct Session {
 /// "tessellomatics: " and the text, as a line on standard error.
 void TellUser(const std::string& text);
 
-/// Makes the two per-user folders, which are the task of an installation that a command
-/// line has not. Returns kDone, or another exit status after telling the user.
-[[nodiscard]] int MakeUserFolders();
-
 /// Answers every message box that is shown from now on, keeping its text.
 void AnswerMessages(std::vector<std::string>* messages);
 /// Ends that; returns kFailed after telling the user of what was kept, else kDone.

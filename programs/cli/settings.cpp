@@ -10,6 +10,7 @@
 #include "platform/files.h"
 #include "programs/cli/control_values.h"
 #include "programs/cli/style_names.h"
+#include "programs/cli/tile_settings.h"
 #include "programs/cli/values.h"
 #include "shell/configuration.h"
 #include "shell/control_contract.h"
@@ -142,9 +143,23 @@ bool LoadControlValue(platform::WindowHandle dialog, int id, const std::string& 
 
 namespace {
 
+// The matrix control that a key of its parameter means, 0 for none. Its number means the
+// control, and takes the whole record.
+int FindMatrixControl(platform::WindowHandle dialog, std::string_view key) {
+    if (IsNumberText(key)) return 0;
+    const int style = std::clamp(platform::Selection(dialog, kEffectList), 0, kStyleCount - 1);
+    for (const auto& place : {FindParameter(*StyleTable[style], key), FindParameterByKey(key)}) {
+        if (place.Parameter != nullptr && place.Parameter->Kind == ParameterKind::Matrix)
+            return place.Parameter->ControlId;
+    }
+    return 0;
+}
+
 SettingFault ApplyValue(platform::WindowHandle dialog, const Setting& setting) {
     std::string error;
-    if (const int id = FindSettingControl(dialog, setting); id != 0) {
+    if (const int matrix = FindMatrixControl(dialog, setting.Key); matrix != 0) {
+        error = SetTileIndex(dialog, matrix, setting.Value);
+    } else if (const int id = FindSettingControl(dialog, setting); id != 0) {
         error = SetControl(dialog, id, setting.Value);
     } else if (const ConfigKey* row = FindVariable(setting.Key)) {
         error = SetVariable(*row, setting.Value);
@@ -219,6 +234,8 @@ SettingFault ApplySetting(platform::WindowHandle dialog, const Setting& setting)
         case SettingKind::Document:
             if (ReadDocument(dialog, setting.Value.c_str()) == 0) return {kFailed, setting.Value};
             return {};
+        case SettingKind::Tile:
+            return ApplyTile(dialog, setting);
     }
     return {};
 }

@@ -1,7 +1,7 @@
-// What --set, --document, --config and --fountain do in the open dialog. A --set names a control:
-// its value is checked against what that control takes, and the control loads it as a
-// line of a document. The few configuration values that have no control are set as
-// variables. Files are read as the dialog itself reads them.
+// What --set, --document, --config, --fountain and --tile do in the open dialog. A --set names a
+// control: its value is checked against what that control takes, and the control loads it as a line
+// of a document. The few configuration values that have no control are set as variables. Files are
+// read as the dialog itself reads them.
 #pragma once
 
 #include <string>

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "host/host_arguments.h"
+#include "programs/default_groups.h"
 #include "programs/tilehost/host_window.h"
 #include "programs/tilehost/plugin_library.h"
 #include "programs/tilehost/user_folders.h"
@@ -60,6 +61,6 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int show) {
     const std::string plugin =
         arguments.Plugin.empty() ? OwnFolder() + tess::kPluginFileName : arguments.Plugin;
     if (arguments.Check) return CheckPlugin(plugin);
-    tess::MakeUserFolders();
+    if (tess::MakeUserFolders()) tess::CopyProvidedGroups();
     return tess::RunHostWindow(plugin, show);
 }

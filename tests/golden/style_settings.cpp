@@ -130,8 +130,9 @@ int RandomSettings::LoadFountain(WindowHandle dialog, int id) {
 /// Gives a matrix tile control a random picture. Returns its seed.
 int RandomSettings::LoadTile(WindowHandle dialog, int id) {
     constexpr int kDepths[] = {1, 4, 8, 24, 32};
-    const int width = 1 + static_cast<int>(Draw(100));
-    const int height = 1 + static_cast<int>(Draw(100));
+    constexpr int kSmallest = 5;  // a tenth of it is still a pixel
+    const int width = kSmallest + static_cast<int>(Draw(100));
+    const int height = kSmallest + static_cast<int>(Draw(100));
     const int bits = kDepths[Draw(5)];
     const std::uint32_t seed = Draw(0x1000000);
     const LockedMatrixTile tile = LockMatrixTile(platform::Control(dialog, id));

@@ -6,6 +6,7 @@
 
 #include "fills/texture_group_file.h"
 #include "programs/cli/group_files.h"
+#include "programs/default_groups.h"
 #include "tests/programs/program_run.h"
 
 namespace tess {

@@ -26,12 +26,6 @@ protected:
         return platform::SendToWindow(platform::Control(dialog, kMuralTile), ReadControlValue, 0,
                                       0);
     }
-    /// 321 bytes of hexadecimal: a path that begins with "AB", element 7, and a handle
-    /// that some other run has left.
-    static std::string TileDigits() {
-        return "4142" + std::string(2 * 259, '0') + "07000000" + "1122334455667788" +
-               std::string(2 * (321 - 273), '0');
-    }
 };
 
 TEST_F(RecordBindingTest, MatrixStartsWithItsParameterAsElement) {
@@ -40,47 +34,30 @@ TEST_F(RecordBindingTest, MatrixStartsWithItsParameterAsElement) {
         [&](WindowHandle dialog) {
             EXPECT_STREQ(platform::ControlTag(platform::Control(dialog, kMuralTile)), "MATRIX");
             EXPECT_EQ(Element(dialog), 5);
-            const std::string line = Save(dialog, kMuralTile);
-            EXPECT_EQ(line, "MATRIX362=" + std::string(2 * 261, '0') + "05000000" +
-                                std::string(2 * (321 - 265), '0') + "\n");
-        },
-        {kMural});
-}
-
-TEST_F(RecordBindingTest, LineReadsBackWithoutTheHandleItHolds) {
-    InPanelDialog(
-        [&](WindowHandle dialog) {
-            EXPECT_EQ(Load(dialog, kMuralTile, "matrix362=" + TileDigits()), 1);
-            EXPECT_EQ(Element(dialog), 7);
-            std::string digits = TileDigits();
-            digits.replace(2 * 265, 16, std::string(16, '0'));
-            EXPECT_EQ(Save(dialog, kMuralTile), "MATRIX362=" + digits + "\n");
         },
         {kMural});
 }
 
 TEST_F(RecordBindingTest, WrongDigitsAndOtherTagsLeaveTheRecord) {
-    InPanelDialog(
-        [&](WindowHandle dialog) {
-            Load(dialog, kMuralTile, "MATRIX362=" + TileDigits());
-            EXPECT_EQ(Load(dialog, kMuralTile, "MATRIX362=00GG"), 1);
-            EXPECT_EQ(Load(dialog, kMuralTile, "FOUNTB362=00"), 0);
-            EXPECT_EQ(Load(dialog, kMuralTile, "MATRIX362"), 0);
-            EXPECT_EQ(Element(dialog), 7);
-        },
-        {kMural});
+    InPanelDialog([&](WindowHandle dialog) {
+        BindMaterialControl(dialog, kButton);
+        Load(dialog, kButton, "MATLBT25=5152");
+        EXPECT_EQ(Load(dialog, kButton, "MATLBT25=00GG"), 1);
+        EXPECT_EQ(Load(dialog, kButton, "FOUNTB25=00"), 0);
+        EXPECT_EQ(Load(dialog, kButton, "MATLBT25"), 0);
+        EXPECT_TRUE(Save(dialog, kButton).starts_with("MATLBT25=5152"));
+    });
 }
 
 TEST_F(RecordBindingTest, LackOfMemoryLeavesTheRecord) {
-    InPanelDialog(
-        [&](WindowHandle dialog) {
-            Load(dialog, kMuralTile, "MATRIX362=" + TileDigits());
-            platform::FailAllocation(1);
-            EXPECT_EQ(Load(dialog, kMuralTile, "MATRIX362=00"), 1);
-            platform::FailAllocation(0);
-            EXPECT_EQ(Element(dialog), 7);
-        },
-        {kMural});
+    InPanelDialog([&](WindowHandle dialog) {
+        BindMaterialControl(dialog, kButton);
+        Load(dialog, kButton, "MATLBT25=5152");
+        platform::FailAllocation(1);
+        EXPECT_EQ(Load(dialog, kButton, "MATLBT25=00"), 1);
+        platform::FailAllocation(0);
+        EXPECT_TRUE(Save(dialog, kButton).starts_with("MATLBT25=5152"));
+    });
 }
 
 TEST_F(RecordBindingTest, RecordsGoWithTheirDialog) {

@@ -1,8 +1,8 @@
 // Makes vorbelx1.mtx, the group of tiles that comes with the program and is not
 // changed: every design, painted point by point, 16 points a pixel.
 //
-//   matrix_group FOLDER            makes it there
-//   matrix_group --check FOLDER    compares the file that is there with what it makes
+//   tile_painter FOLDER            makes it there
+//   tile_painter --check FOLDER    compares the file that is there with what it makes
 
 #include <string>
 #include <vector>
