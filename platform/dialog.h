@@ -180,6 +180,10 @@ void ReleaseMouse();
 void StartTimer(WindowHandle window, int timer, int milliseconds);
 void StopTimer(WindowHandle window, int timer);
 
+/// How many milliseconds two presses of a double click may lie apart: the user's
+/// choice, natively the system's usual one.
+[[nodiscard]] int DoubleClickTime();
+
 // --- What a control carries
 
 /// Puts `procedure` before the control's own, with a class tag that

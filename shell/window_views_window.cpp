@@ -2,10 +2,14 @@
 #include "controls/direction_picker.h"
 #include "controls/number_edit.h"
 #include "controls/skinned_button.h"
+#include "fills/curve_graph.h"
 #include "fills/fountain_control.h"
 #include "fills/fountain_library_dialog.h"
+#include "fills/gradient_dialog.h"
+#include "fills/material_control.h"
 #include "fills/matrix_control.h"
 #include "fills/matrix_dialog.h"
+#include "fills/texture_dialog.h"
 #include "shell/about_dialog.h"
 #include "shell/main_dialog.h"
 #include "shell/window_views.h"
@@ -13,16 +17,20 @@
 namespace tess {
 
 void InstallWindowViews() {
+    InstallDialogBackground();
     InstallDirectionPickerView();
     InstallNumberEditView();
     InstallSkinnedButtonView();
+    InstallGradientDialogView();
+    InstallMaterialButtonView();
     InstallMatrixControlView();
     InstallMatrixDialogView();
-    InstallDialogBackground();
     InstallFountainButtonView();
     InstallFountainLibraryView();
     InstallMainDialogView();
     InstallAboutView();
+    InstallTextureDialogView();
+    InstallCurveGraphView();
 }
 
 }  // namespace tess

@@ -247,6 +247,10 @@ void StopTimer(WindowHandle window, int timer) {
     if (window != nullptr) window->timers.erase(timer);
 }
 
+int DoubleClickTime() {
+    return 500;
+}
+
 int TimerInterval(WindowHandle window, int timer) {
     if (window == nullptr) return 0;
     const auto found = window->timers.find(timer);

@@ -290,6 +290,10 @@ void StopTimer(WindowHandle window, int timer) {
     KillTimer(WindowOf(window), static_cast<UINT_PTR>(timer));
 }
 
+int DoubleClickTime() {
+    return static_cast<int>(GetDoubleClickTime());
+}
+
 int TimerInterval(WindowHandle window, int timer) {
     return static_cast<int>(
         reinterpret_cast<std::intptr_t>(GetPropA(WindowOf(window), TimerProperty(timer).c_str())));

@@ -200,10 +200,14 @@ constexpr CommandRow kCommands[] = {
     {"tiles", kTilesBit, "[GROUP [INDEX]]", 0, 2, "List picture tiles, show one, change a group.",
      "Lists the groups of tiles, or the tiles of a group; with INDEX and -o writes that tile as a "
      "picture, with INDEX and --remove takes it out of a group of your own; --add adds a picture "
-     "to "
-     "one. GROUP is the name of a group of yours or of one that came with the program, or the "
+     "to one. GROUP is the name of a group of yours or of one that came with the program, or the "
      "path of a .mtx file.",
      RunTiles},
+    {"material", kMaterialBit, "[FILE]", 0, 1, "Show, render or write a material (.mtrl).",
+     "Takes a material out of FILE, or a plain one, and sets over it what --set says. Without -o "
+     "it shows what the material holds; with -o it renders it as .png or .bmp, or writes it as a "
+     ".mtrl file.",
+     RunMaterial},
     {"texture", kTextureBit, "[GROUP [ITEM]]", 0, 2, "List textures, or render one.",
      "Lists the textures of a group, or tells whether one of them joins itself, by its kind and as "
      "it is measured; with -o writes its picture. GROUP is a group of yours, the one that came "
@@ -231,12 +235,12 @@ constexpr CommandRow kCommands[] = {
 constexpr OptionRow kOptions[] = {
     {"output", 'o', "FILE",
      kBuildBit | kSampleBit | kEncodeBit | kGalleryBit | kDocumentBit | kTextureBit | kFountainBit |
-         kTilesBit,
+         kTilesBit | kMaterialBit,
      "Write the result to FILE.",
      "The ending decides the format. Animations: .gif; .webp, without loss; .png, animated; a name "
      "that ends in / or .bmp, or has no ending, is a folder of .bmp frames as --frames writes it. "
      "A GIF holds no 24-bit frames, so Truecolour starts as off for one. Pictures: .png or .bmp. "
-     "A gallery: a folder. A document: .qv1. A fountain: a picture, or .mtrl. "
+     "A gallery: a folder. A document: .qv1. A fountain or material: a picture, or .mtrl. "
      "An existing file is replaced once the new one is whole.",
      ApplyOutput, "the path of a file"},
     {"frames", 0, "DIR", kBuildBit | kEncodeBit, "Write each frame to the folder DIR besides.",
@@ -244,7 +248,8 @@ constexpr OptionRow kOptions[] = {
      "the pictures do not tell in DIR/animation.json: width, height, depth, palette, comment, and "
      "for each frame its delay and transparent index.",
      ApplyFrames, "the path of a folder"},
-    {"set", 0, "KEY=VALUE", kSettingCommands, "Set one value; may be given many times.",
+    {"set", 0, "KEY=VALUE", kSettingCommands | kMaterialBit,
+     "Set one value; may be given many times.",
      "Values are set in the order given. KEY is a parameter of the style ('seed'; see "
      "'tessellomatics params'), a configuration key ('Style000Seed'), a control id ('112'), or one "
      "of delay, dither, supercompress, mask-background, custom-palette, palette, true-color, "
@@ -252,7 +257,7 @@ constexpr OptionRow kOptions[] = {
      "or with 0x; for a colour also #RRGGBB; for a check box also yes or no; for a list also the "
      "text of a choice; for a fountain colors as 'tessellomatics fountain' takes them, or the "
      "digits of a document; for a tile its index in the group, or for its control id the digits. A "
-     "value out of range is an error.",
+     "value out of range is an error. The keys of 'material' are those that it shows.",
      ApplySet, "KEY=VALUE"},
     {"document", 0, "FILE", kSettingCommands, "Set all that a .qv1 document holds.",
      "Counts in its place among the --set. STYLE, where it is given, goes before the document's.",
@@ -316,11 +321,12 @@ constexpr OptionRow kOptions[] = {
      "Take the entry out of the library, or the tile out of the group.",
      "With -o it is written there first. A library without entries is removed.", ApplyRemove,
      nullptr},
-    {"size", 0, "WxH", kTextureBit | kFountainBit, "Render at that many pixels.",
-     "1x1 to 4096x4096. Default: 128x128 for a texture, 181x30 for a fountain.", ApplySize,
-     "WIDTHxHEIGHT, each 1 to 4096"},
+    {"size", 0, "WxH", kTextureBit | kFountainBit | kMaterialBit, "Render at that many pixels.",
+     "1x1 to 4096x4096. Default: 128x128 for a texture or material, 181x30 for a fountain.",
+     ApplySize, "WIDTHxHEIGHT, each 1 to 4096"},
     {"json", 0, nullptr,
-     kStylesBit | kParamsBit | kDocumentBit | kCheckBit | kTextureBit | kFountainBit | kTilesBit,
+     kStylesBit | kParamsBit | kDocumentBit | kCheckBit | kTextureBit | kFountainBit | kTilesBit |
+         kMaterialBit,
      "Write JSON, for programs.", "", ApplyJson, nullptr},
     {"quiet", 'q', nullptr, kAllCommands, "Show no progress.", "", ApplyQuiet, nullptr},
     {"help", 'h', nullptr, kAllCommands, "Show help and end.", "", ApplyHelp, nullptr},

@@ -23,8 +23,9 @@ enum CommandBit : unsigned {
     kTextureBit = 512,
     kFountainBit = 1024,
     kTilesBit = 2048,
+    kMaterialBit = 4096,
     kCheckBit = 8192,
-    kAllCommands = 511 | kTextureBit | kFountainBit | kTilesBit | kCheckBit,
+    kAllCommands = 511 | kTextureBit | kFountainBit | kTilesBit | kMaterialBit | kCheckBit,
 };
 
 struct CommandRow {

@@ -17,6 +17,7 @@ int RunDocument(const Request& request);
 int RunGallery(const Request& request);
 int RunFountain(const Request& request);
 int RunTiles(const Request& request);
+int RunMaterial(const Request& request);
 int RunTexture(const Request& request);
 int RunCheck(const Request& request);
 

@@ -148,7 +148,7 @@ int Print(const Request& request, const Fountain& fountain) {
 }
 
 int Write(const Request& request, const Fountain& fountain) {
-    if (IsFountainOutput(request.Output)) {
+    if (IsRecordOutput(request.Output)) {
         if (WriteFountainFile(request.Output, fountain) != 0) return kDone;
         return Fail(request.Output + ": cannot be written");
     }
@@ -162,7 +162,7 @@ int Write(const Request& request, const Fountain& fountain) {
 
 int ShowFountain(const Request& request) {
     if (!request.Output.empty()) {
-        const int status = CheckFountainOutput(request.Output);
+        const int status = CheckRecordOutput(request.Output);
         if (status != kDone) return status;
     }
     Fountain fountain;

@@ -112,11 +112,11 @@ int CheckDocumentOutput(const std::string& path) {
     return TryFile(path);
 }
 
-bool IsFountainOutput(const std::string& path) {
+bool IsRecordOutput(const std::string& path) {
     return EndingOf(path) == ".mtrl";
 }
 
-int CheckFountainOutput(const std::string& path) {
+int CheckRecordOutput(const std::string& path) {
     const std::string ending = EndingOf(path);
     if (ending != ".png" && ending != ".bmp" && ending != ".mtrl") {
         TellUser(path + ": unknown ending; it takes .png, .bmp or .mtrl");

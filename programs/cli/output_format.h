@@ -22,10 +22,10 @@ enum class OutputFormat { Unknown, Gif, WebP, Png, Folder };
 [[nodiscard]] int CheckPictureOutput(const std::string& path);
 /// The same for a document, .qv1.
 [[nodiscard]] int CheckDocumentOutput(const std::string& path);
-/// The same for a fountain: a picture, or a control's file, .mtrl.
-[[nodiscard]] int CheckFountainOutput(const std::string& path);
+/// The same for a fountain or material: a picture, or a control's file, .mtrl.
+[[nodiscard]] int CheckRecordOutput(const std::string& path);
 /// Whether the ending is that of a control's file.
-[[nodiscard]] bool IsFountainOutput(const std::string& path);
+[[nodiscard]] bool IsRecordOutput(const std::string& path);
 
 /// Writes to `output` and, unless that is empty, `frames_folder`. Returns the exit
 /// status, after telling the user.

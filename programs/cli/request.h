@@ -47,7 +47,7 @@ struct Request {
     // Of `tiles`.
     std::vector<std::string> AddedPictures;
 
-    // Of `texture` and `fountain`: the size of a picture, 0 for the command's own.
+    // Of `texture`, `fountain` and `material`: the size of a picture, 0 for the command's own.
     int Width = 0;
     int Height = 0;
 

@@ -42,9 +42,11 @@ int Measure(const FrameList& frames, SeamFigures* figures) {
     int width = 0, height = 0;
     {
         const LockedImage first(records.Get()[0].Image);
+        if (!first) return 0;
         width = first->Width;
         height = first->Height;
     }
+    if (width < 1 || height < 1) return 0;
     SeamMeter meter(width, height);
     const std::size_t row_bytes = std::size_t{3} * static_cast<std::size_t>(width);
     platform::WorkArray<std::uint8_t> pixels(row_bytes * static_cast<std::size_t>(height));

@@ -122,7 +122,7 @@ TEST_F(ListBox, PlaceIsInTheEntryThatCoversIt) {
         EXPECT_EQ(platform::ListItemAt(dialog, kList, 3, 30), -1);
         EXPECT_EQ(platform::ListItemAt(dialog, kList, 3, -1), -1);
         EXPECT_EQ(platform::ListItemAt(dialog, kList, -1, 5), -1);
-        EXPECT_EQ(platform::ListItemAt(dialog, kList, 60, 5), -1);
+        EXPECT_EQ(platform::ListItemAt(dialog, kList, 90, 5), -1);
         EXPECT_EQ(platform::ListItemAt(dialog, 12345, 3, 5), -1);
     });
 }

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/resources.h"
@@ -117,6 +118,29 @@ TEST(HelpPage, PrefaceTellsOfTheMainDialog) {
     for (const platform::TemplateControl& control : dialog->controls) {
         if (!IsLabelOrBox(control)) continue;
         EXPECT_NE(preface.find(Label(control.text)), std::string::npos) << control.text;
+    }
+}
+
+TEST(HelpPage, EveryDialogOfTheFillsIsToldAtItsAnchor) {
+    const std::string page = ReadPage();
+    constexpr std::pair<int, const char*> kDialogs[] = {
+        {9981, "TILE"},     {9995, "GRADIENT"}, {9996, "FOUNTAIN"},
+        {9997, "FOUNTAIN"}, {9998, "TEXTURE"},
+    };
+    constexpr int kOk = 1, kCancel = 2, kHelp = 9;
+    for (const auto& [number, anchor] : kDialogs) {
+        const std::string section = Section(page, anchor);
+        const auto* dialog = platform::FindDialogTemplate(number);
+        ASSERT_NE(dialog, nullptr) << number;
+        for (const platform::TemplateControl& control : dialog->controls) {
+            const bool is_general =
+                control.id == kOk || control.id == kCancel || control.id == kHelp;
+            if (is_general || !IsLabelOrBox(control)) continue;
+            // "Seed #2" is told as "Seed".
+            const std::string label = Label(control.text);
+            EXPECT_NE(section.find(label.substr(0, label.find(" #"))), std::string::npos)
+                << number << ": " << control.text;
+        }
     }
 }
 

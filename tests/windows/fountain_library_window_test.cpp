@@ -1,10 +1,9 @@
 // What the dialog of the fountain library shows, and its pointer while an entry is dragged.
 
-#include "fills/fountain_library_dialog.h"
-
 #include <filesystem>
 
 #include "fills/fountain_library.h"
+#include "fills/fountain_library_dialog.h"
 #include "platform/files.h"
 #include "platform/win32/module.h"
 #include "tests/support/scratch_folder.h"

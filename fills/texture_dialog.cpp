@@ -1,0 +1,290 @@
+// The dialog works on a copy of the caller's record and on the list of textures, which
+// stands for the current group's file until OK writes it back.
+#include "fills/texture_dialog.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+#include "controls/help.h"
+#include "controls/skinned_button.h"
+#include "fills/group_list.h"
+#include "fills/name_box.h"
+#include "fills/texture_controls.h"
+#include "fills/texture_group_file.h"
+#include "fills/texture_list.h"
+#include "platform/files.h"
+#include "platform/keyboard.h"
+#include "platform/list_box.h"
+#include "shell/control_contract.h"
+
+namespace tess {
+
+namespace {
+
+using platform::Notification;
+using platform::WindowHandle;
+
+enum Control : int {
+    kOk = 1,
+    kCancel = 2,
+    kHelp = 9,
+    kGroups = 103,
+    kAdd = 104,
+    kDelete = 105,
+    kPreviewButton = 107,
+};
+
+constexpr char kGroupExtension[] = ".FFT";
+constexpr char kNewTexture[] = "Untitled (double-click to edit)";
+constexpr char kNewGroup[] = "Untitled";
+
+constexpr char kNotLoaded[] =
+    "There has been an error importing the selected texture file. The file may be damaged.";
+constexpr char kNotAdded[] = "There has been an error adding your texture.";
+constexpr char kNotWriteable[] =
+    "This file cannot be edited or overwritten.\n\nThe default texture set cannot be modified. To "
+    "edit this file, save it to a new name. Hold down the Shift key and click on the + button.";
+constexpr char kNotDeletable[] = "The primary texture group cannot be deleted.";
+constexpr char kDeleteQuestion[] =
+    "Do you want to delete the %s texture group?\n\nClick on Yes to delete this file, or No to "
+    "abort.";
+
+/// The dialog that runs; there is one at a time.
+TextureItem* edited = nullptr;
+bool is_writeable = false;  // the current group may be changed
+bool is_dirty = false;      // the list differs from its file
+
+void RedrawPreview(WindowHandle dialog) {
+    platform::RepaintControl(dialog, kTexturePreview);
+}
+
+void UpdateButtons(WindowHandle dialog) {
+    platform::EnableControl(dialog, kDelete,
+                            platform::ItemCount(dialog, kTextureList) > 0 &&
+                                platform::Selection(dialog, kTextureList) >= 0);
+}
+
+/// Tells the user where the group may not be changed. Returns whether it may.
+bool MayChange(WindowHandle dialog, const char* refusal) {
+    if (!is_writeable) ShowMessage(dialog, refusal);
+    return is_writeable;
+}
+
+// --- Groups
+
+std::string GroupNameOf(std::string_view file) {
+    return std::string(file.substr(0, file.find('.')));
+}
+
+bool IsSameName(std::string_view one, std::string_view other) {
+    const auto small = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 32) : c; };
+    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
+                      [&](char a, char b) { return small(a) == small(b); });
+}
+
+/// The place of a group in the list of groups, -1 for one that is not there.
+int FindGroup(WindowHandle dialog, std::string_view name) {
+    for (int i = 0; i < platform::ItemCount(dialog, kGroups); ++i) {
+        if (IsSameName(platform::ItemText(dialog, kGroups, i), name)) return i;
+    }
+    return -1;
+}
+
+void SelectGroup(WindowHandle dialog, std::string_view name) {
+    platform::SetSelection(dialog, kGroups, FindGroup(dialog, name));
+}
+
+void SetGroupFile(const std::string& file) {
+    std::snprintf(TextureGroupFile, sizeof TextureGroupFile, "%s", file.c_str());
+}
+
+/// Reads the current group into the list, which is empty when that fails: textures of
+/// another group must not stay for OK to write them over this one.
+void LoadGroup(WindowHandle dialog) {
+    FreeTextures(dialog);
+    is_dirty = false;
+    if (LoadTextureGroup(dialog, &is_writeable) == 0) ShowMessage(dialog, kNotLoaded);
+}
+
+void ChooseGroup(WindowHandle dialog) {
+    const int index = platform::Selection(dialog, kGroups);
+    if (index < 0) return;
+    SetGroupFile(platform::ItemText(dialog, kGroups, index) + kGroupExtension);
+    LoadGroup(dialog);
+}
+
+/// Saves the list as a new group, and goes on with that.
+void AddGroup(WindowHandle dialog) {
+    std::string name = kNewGroup;
+    if (!AskName(dialog, kTextureNameTemplate, &name)) return;
+    const std::string old_file = TextureGroupFile;
+    // A name with a folder in it would leave the user's own.
+    const bool is_name = name.find_first_of("/\\:") == std::string::npos;
+    if (is_name) SetGroupFile(name + kGroupExtension);
+    if (!is_name || SaveTextureGroup(dialog) == 0) {
+        SetGroupFile(old_file);
+        return ShowMessage(dialog, LoadStringText(StringId::ErrorWritingFile));
+    }
+    if (FindGroup(dialog, name) < 0) platform::AddItem(dialog, kGroups, name);
+    SelectGroup(dialog, name);
+    is_writeable = true;
+    is_dirty = false;
+}
+
+void DeleteGroup(WindowHandle dialog) {
+    if (!MayChange(dialog, kNotDeletable)) return;
+    const std::string name = GroupNameOf(TextureGroupFile);
+    char question[512];
+    std::snprintf(question, sizeof question, kDeleteQuestion, name.c_str());
+    if (!AskYesNo(dialog, question)) return;
+    if (platform::MoveToRecycleBin(GroupPath(TextureGroupFile)) == 0)
+        return ShowMessage(dialog, LoadStringText(StringId::ErrorWritingFile));
+    platform::DeleteListItem(dialog, kGroups, FindGroup(dialog, name));
+    SetGroupFile(kDefaultTextureGroup);
+    SelectGroup(dialog, GroupNameOf(kDefaultTextureGroup));
+    is_writeable = false;
+    LoadGroup(dialog);
+}
+
+// --- Textures
+
+void AddCurrentTexture(WindowHandle dialog) {
+    if (!MayChange(dialog, kNotWriteable)) return;
+    const int index = AddTexture(dialog, kNewTexture, *edited);
+    if (index < 0) return ShowMessage(dialog, kNotAdded);
+    platform::SetSelection(dialog, kTextureList, index);
+    is_dirty = true;
+}
+
+void DeleteSelectedTexture(WindowHandle dialog) {
+    const int index = platform::Selection(dialog, kTextureList);
+    if (index < 0 || !MayChange(dialog, kNotWriteable)) return;
+    DeleteTexture(dialog, index);
+    // Behind the last one there is none to select.
+    platform::SetSelection(dialog, kTextureList,
+                           index < platform::ItemCount(dialog, kTextureList) ? index : -1);
+    is_dirty = true;
+}
+
+void RenameSelectedTexture(WindowHandle dialog) {
+    const int index = platform::Selection(dialog, kTextureList);
+    if (index < 0 || !MayChange(dialog, kNotWriteable)) return;
+    std::string name = platform::ItemText(dialog, kTextureList, index);
+    if (!AskName(dialog, kTextureNameTemplate, &name)) return;
+    const int renamed = RenameTexture(dialog, index, name);
+    if (renamed < 0) return ShowMessage(dialog, kNotAdded);
+    platform::SetSelection(dialog, kTextureList, renamed);
+    is_dirty = true;
+}
+
+void TakeSelectedTexture(WindowHandle dialog) {
+    const int index = platform::Selection(dialog, kTextureList);
+    if (index < 0) return;
+    if (!CopyTexture(dialog, index, edited))
+        return ShowMessage(dialog, LoadStringText(StringId::MemoryError));
+    FillTextureControls(dialog, *edited);
+    RedrawPreview(dialog);
+}
+
+// --- The dialog
+
+void Open(WindowHandle dialog) {
+    for (const int button :
+         {int{kOk}, int{kCancel}, int{kHelp}, int{kAdd}, int{kDelete}, int{kPreviewButton}})
+        SkinButton(dialog, button);
+    is_writeable = false;
+    OpenTextureControls(dialog, edited);
+    LoadGroup(dialog);
+    for (const std::string& name : GroupNames(kGroupExtension))
+        platform::AddItem(dialog, kGroups, name);
+    SelectGroup(dialog, GroupNameOf(TextureGroupFile));
+    UpdateButtons(dialog);
+    platform::PostCommand(dialog, kPreviewButton);
+    platform::FocusControl(dialog, kOk);
+    platform::CenterOnScreen(dialog);
+}
+
+void Accept(WindowHandle dialog) {
+    if (is_dirty && is_writeable && SaveTextureGroup(dialog) == 0)
+        ShowMessage(dialog, LoadStringText(StringId::ErrorWritingFile));
+    platform::EndDialog(dialog, 1);
+}
+
+void OnClick(WindowHandle dialog, int id) {
+    switch (id) {
+        case kOk:
+            return Accept(dialog);
+        case kCancel:
+            return platform::EndDialog(dialog, 0);
+        case kHelp:
+            return ShowHelp(dialog, "TEXTURE");
+        case kAdd:
+            return platform::IsShiftHeld() ? AddGroup(dialog) : AddCurrentTexture(dialog);
+        case kDelete:
+            return platform::IsShiftHeld() ? DeleteGroup(dialog) : DeleteSelectedTexture(dialog);
+        case kPreviewButton:
+            return RedrawPreview(dialog);
+        default:
+            return;
+    }
+}
+
+void OnCommand(WindowHandle dialog, int id, Notification notification) {
+    if (TakeTextureControl(dialog, id, notification, edited)) return;
+    if (id == kTextureList && notification == Notification::ListSelected) {
+        TakeSelectedTexture(dialog);
+    } else if (id == kTextureList && notification == Notification::ListDoubleClicked) {
+        RenameSelectedTexture(dialog);
+    } else if (id == kGroups && notification == Notification::ComboClosed) {
+        ChooseGroup(dialog);
+    } else if (notification == Notification::Clicked) {
+        OnClick(dialog, id);
+    }
+    UpdateButtons(dialog);
+}
+
+std::intptr_t TextureBoxProc(WindowHandle dialog, std::uint32_t message, std::uintptr_t w,
+                             std::intptr_t l) {
+    switch (message) {
+        case platform::kMessageOpen:
+            edited = reinterpret_cast<TextureItem*>(l);
+            Open(dialog);
+            return 0;  // the focus has been set
+        case platform::kMessageCommand:
+            if (edited == nullptr) return 0;
+            OnCommand(dialog, platform::CommandId(w), platform::CommandNotification(w));
+            return 1;
+        case platform::kMessageDestroy:
+            FreeTextures(dialog);
+            edited = nullptr;
+            return 1;
+        default:
+            return 0;
+    }
+}
+
+}  // namespace
+
+int EditTexture(WindowHandle owner, TextureItem* item) {
+    TextureItem copy = *item;
+    if (platform::RunDialog(kTextureTemplate, owner, TextureBoxProc, &copy) != 1) return 0;
+    *item = copy;
+    return 1;
+}
+
+const TextureItem* EditedTexture() {
+    return edited;
+}
+
+ImageHandle RenderTexturePreview(platform::PixelSize client) {
+    if (edited == nullptr) return nullptr;
+    TextureItem shown = *edited;
+    shown.Left = shown.Top = 1;
+    shown.Right = client.Width - 1;
+    shown.Bottom = client.Height - 1;
+    return RenderTexture(shown);
+}
+
+}  // namespace tess

@@ -1,0 +1,33 @@
+// What can be shown and set of a material on the command line, as rows.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "fills/material.h"
+
+namespace tess {
+
+enum class MaterialValueKind { Choice, Color, Number, Switch };
+
+struct MaterialValue {
+    const char* Name;
+    MaterialValueKind Kind;
+    int Least, Most;  ///< of a number; of a choice the indices
+    std::int64_t (*Get)(const Material& material);
+    void (*Set)(Material& material, std::int64_t value);
+};
+
+[[nodiscard]] std::span<const MaterialValue> MaterialValues();
+
+/// The value as people read it; a choice that is none as its number.
+[[nodiscard]] std::string ShownMaterialValue(const MaterialValue& row, const Material& material);
+
+/// Sets a value: one of the rows, or `tile-group`, a path. Returns an empty text, or
+/// what is wrong.
+[[nodiscard]] std::string SetMaterialValue(Material* material, std::string_view name,
+                                           std::string_view value);
+
+}  // namespace tess
