@@ -129,7 +129,8 @@ void SetGroupFile(const std::string& name) {
     std::snprintf(MatrixGroupFile, sizeof MatrixGroupFile, kGroupForm, name.c_str());
 }
 
-void LoadGroup(WindowHandle dialog) {
+/// Returns 0 after telling the user of a failure.
+int LoadGroup(WindowHandle dialog) {
     int is_loaded = 0;
     {
         const platform::WaitCursor wait;
@@ -137,13 +138,19 @@ void LoadGroup(WindowHandle dialog) {
     }
     if (is_loaded == 0) ShowMessage(dialog, kNotLoaded);
     UpdateDeleteButton(dialog);
+    return is_loaded;
 }
 
+/// A group that cannot be read is refused: the old one stays with its elements, or OK
+/// would write those over it.
 void ChooseGroup(WindowHandle dialog) {
     const int index = platform::Selection(dialog, kGroups);
     if (index < 0) return;
+    const std::string old_group = MatrixGroupFile;
     SetGroupFile(platform::ItemText(dialog, kGroups, index));
-    LoadGroup(dialog);
+    if (LoadGroup(dialog) != 0) return;
+    std::snprintf(MatrixGroupFile, sizeof MatrixGroupFile, "%s", old_group.c_str());
+    SelectCurrentGroup(dialog);
 }
 
 /// Saves the elements as a new group, and goes on with that.
