@@ -228,6 +228,10 @@ bool TextureGroupReader::Next(std::string* name, TextureItem* item) {
     return false;
 }
 
+bool TextureGroupReader::IsRead() const {
+    return stream_ != nullptr && std::ferror(stream_.get()) == 0;
+}
+
 TextureGroupWriter::TextureGroupWriter(std::string_view path, int count)
     : path_(path), count_(count), file_(path, platform::FileMode::Text) {
     if (!file_ || count == 0) return;
