@@ -129,13 +129,20 @@ void SetGroupFile(const std::string& name) {
     std::snprintf(MatrixGroupFile, sizeof MatrixGroupFile, kGroupForm, name.c_str());
 }
 
+/// Reads the current group in place of the elements of the one before. Those must not stay
+/// for OK to write them over this one, should it be unreadable; nor may it be changed then.
 void LoadGroup(WindowHandle dialog) {
+    CurrentMatrixGroup.IsDirty = false;
+    FreeMatrixElements(dialog);
     int is_loaded = 0;
     {
         const platform::WaitCursor wait;
         is_loaded = LoadMatrixGroup(dialog);
     }
-    if (is_loaded == 0) ShowMessage(dialog, kNotLoaded);
+    if (is_loaded == 0) {
+        CurrentMatrixGroup.IsWriteable = false;
+        ShowMessage(dialog, kNotLoaded);
+    }
     UpdateDeleteButton(dialog);
 }
 
@@ -171,10 +178,7 @@ void DeleteGroup(WindowHandle dialog) {
     platform::DeleteListItem(dialog, kGroups, FindGroup(dialog, GroupNameOf(MatrixGroupFile)));
     std::snprintf(MatrixGroupFile, sizeof MatrixGroupFile, "%s", kDefaultMatrixGroup);
     SelectCurrentGroup(dialog);
-    // The elements of the group that is gone must not stay for OK to write them over
-    // the one that follows it.
     CurrentMatrixGroup = {};
-    FreeMatrixElements(dialog);
     LoadGroup(dialog);
 }
 

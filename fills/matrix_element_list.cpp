@@ -27,7 +27,11 @@ int LoadMatrixGroup(WindowHandle dialog) {
     FreeMatrixElements(dialog);
     for (int i = 0; i < group.Count(); ++i) {
         platform::OwnedBlock element(group.Take(i));
-        if (AddMatrixElement(dialog, element.Get()) == 0) return 0;
+        if (AddMatrixElement(dialog, element.Get()) == 0) {
+            // A part of the group must not be written over the whole of it.
+            FreeMatrixElements(dialog);
+            return 0;
+        }
         static_cast<void>(element.Release());  // the list owns it now
     }
     return 1;

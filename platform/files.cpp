@@ -90,8 +90,8 @@ std::string_view FileNameOf(std::string_view path) {
 NewFile::NewFile(std::string_view path, FileMode mode)
     : path_(path),
       temporary_(TemporaryPath(path_)),
-      stream_(path_.empty() ? nullptr
-                            : OpenFile(temporary_, mode == FileMode::Text ? "w" : "wb")) {}
+      stream_(path_.empty() ? nullptr : OpenFile(temporary_, mode == FileMode::Text ? "w" : "wb")) {
+}
 
 NewFile::~NewFile() {
     if (stream_ == nullptr) return;

@@ -40,6 +40,12 @@ protected:
             step(dialog);
         };
     }
+    static int FindItem(WindowHandle dialog, int list, const std::string& text) {
+        for (int i = 0; i < platform::ItemCount(dialog, list); ++i) {
+            if (platform::ItemText(dialog, list, i) == text) return i;
+        }
+        return -1;
+    }
 };
 
 // --- The main dialog
@@ -68,7 +74,6 @@ TEST_F(Dialogs, MainDialogOpensAndClosesAndItsFilesAreWhole) {
     };
     MainEffect = 4;
     open();
-    FolderContents kept = Contents();
     FailEverything({.kind = "main dialog",
                     .prepare =
                         [&] {
@@ -108,7 +113,9 @@ protected:
 
     void PrepareGroups() const {
         std::snprintf(TextureGroupFile, sizeof TextureGroupFile, "%s", kDefaultTextureGroup);
-        for (const char* name : {kDefaultTextureGroup, "Other.FFT"}) {
+        for (const std::string name : {kDefaultTextureGroup, "Other.FFT"}) {
+            Erase(name);
+            Erase(name + ".bak");
             TextureGroupWriter writer(File(name), 3);
             for (const char* texture : {"a", "b", "c"})
                 writer.Add(texture, item);
@@ -158,25 +165,26 @@ TEST_F(TextureDialogs, AddedTextureIsInTheGroupOrTheGroupIsOld) {
 }
 
 TEST_F(TextureDialogs, OtherGroupIsNeverThatOfAnother) {
-    FaultCase fault_case =
-        Case("texture dialog: group", {[](WindowHandle dialog) {
-                 for (int i = 0; i < platform::ItemCount(dialog, kGroups); ++i) {
-                     if (platform::ItemText(dialog, kGroups, i) == "Other")
-                         platform::ChooseItem(dialog, kGroups, i);
-                 }
-                 // Without a list of the folder there is no other group to choose.
-                 if (std::string(TextureGroupFile) == "Other.FFT")
-                     platform::ClickControl(dialog, kAdd);
-             }});
+    FaultCase fault_case = Case("texture dialog: group", {[](WindowHandle dialog) {
+                                    const int other = FindItem(dialog, kGroups, "Other");
+                                    // Without a list of the folder there is no other group.
+                                    if (other < 0) return;
+                                    platform::ClickControl(dialog, kAdd);
+                                    platform::ChooseItem(dialog, kGroups, other);
+                                    platform::ClickControl(dialog, kAdd);
+                                }});
+    fault_case.changes = {kPluginFolder + "Other.FFT"};
     FailEverything(fault_case);
 }
 
 TEST_F(TextureDialogs, DeletedGroupIsInTheTrashOrStays) {
-    FaultCase fault_case = Case("texture dialog: delete", {[](WindowHandle dialog) {
-                                    std::snprintf(TextureGroupFile, sizeof TextureGroupFile,
-                                                  "Other.FFT");
-                                    ShiftClick(dialog, kDelete);
-                                }});
+    FaultCase fault_case =
+        Case("texture dialog: delete", {[](WindowHandle dialog) {
+                 platform::ChooseItem(dialog, kList, 1);
+                 std::snprintf(TextureGroupFile, sizeof TextureGroupFile, "Other.FFT");
+                 ShiftClick(dialog, kDelete);
+             }});
+    fault_case.changes = {kPluginFolder + "Other.FFT", "Trash/files/Other.FFT"};
     const auto run = fault_case.run;
     fault_case.run = [&] {
         const bool is_done = run();
@@ -189,14 +197,16 @@ TEST_F(TextureDialogs, DeletedGroupIsInTheTrashOrStays) {
 
 TEST_F(TextureDialogs, NewGroupIsWholeOrNotThere) {
     FaultCase fault_case =
-        Case("texture dialog: new group",
-             {[](WindowHandle dialog) {
-                  if (platform::ItemCount(dialog, kList) == 3) ShiftClick(dialog, kAdd);
-              },
-              [](WindowHandle box) {
-                  if (platform::TemplateOf(box) == "9999") platform::TypeText(box, 101, "New");
-                  platform::PostCommand(box, kOk);
-              }});
+        Case("texture dialog: new group", {[](WindowHandle dialog) {
+                                               if (platform::ItemCount(dialog, kList) == 3)
+                                                   ShiftClick(dialog, kAdd);
+                                           },
+                                           [](WindowHandle box) {
+                                               if (platform::TemplateOf(box) == "9999")
+                                                   platform::TypeText(box, 101, "New");
+                                               platform::PostCommand(box, kOk);
+                                           }});
+    fault_case.changes = {kPluginFolder + "New.FFT"};
     FailEverything(fault_case);
 }
 
@@ -208,6 +218,10 @@ protected:
 
     void PrepareGroups() const {
         std::snprintf(MatrixGroupFile, sizeof MatrixGroupFile, "%s", kDefaultMatrixGroup);
+        for (const std::string name : {kDefaultMatrixGroup, "Other.MTX"}) {
+            Erase(name);
+            Erase(name + ".bak");
+        }
         std::vector<platform::OwnedBlock> owners;
         std::vector<ImageHandle> elements;
         for (const ColorWord color : {1u, 2u, 3u}) {
@@ -248,25 +262,48 @@ TEST_F(MatrixDialogs, OpenAndClose) {
 }
 
 TEST_F(MatrixDialogs, GroupWithoutADeletedElementIsOldOrNew) {
-    FailEverything(Case("matrix dialog: element", {[](WindowHandle dialog) {
-                            platform::ChooseItem(dialog, kMatrixElementList, 1);
-                            platform::ClickControl(dialog, kDelete);
-                        }}));
+    FaultCase fault_case = Case("matrix dialog: element", {[](WindowHandle dialog) {
+                                    platform::ChooseItem(dialog, kMatrixElementList, 1);
+                                    platform::ClickControl(dialog, kDelete);
+                                }});
+    fault_case.changes = {kPluginFolder + kDefaultMatrixGroup};
+    FailEverything(fault_case);
 }
 
 TEST_F(MatrixDialogs, OtherGroupIsNeverThatOfAnother) {
-    FailEverything(
-        Case("matrix dialog: group", {[](WindowHandle dialog) {
-                 platform::ChooseItem(dialog, kMatrixElementList, 1);
-                 platform::ClickControl(dialog, kDelete);
-                 for (int i = 0; i < platform::ItemCount(dialog, kGroups); ++i) {
-                     if (platform::ItemText(dialog, kGroups, i) == "Other")
-                         platform::ChooseItem(dialog, kGroups, i);
-                 }
-                 if (std::string(MatrixGroupFile) != "Other.MTX") return;
-                 platform::ChooseItem(dialog, kMatrixElementList, 1);
-                 platform::ClickControl(dialog, kDelete);
-             }}));
+    FaultCase fault_case = Case("matrix dialog: group", {[](WindowHandle dialog) {
+                                    const int other = FindItem(dialog, kGroups, "Other");
+                                    // Without a list of the folder there is no other group.
+                                    if (other < 0) return;
+                                    platform::ChooseItem(dialog, kMatrixElementList, 1);
+                                    platform::ClickControl(dialog, kDelete);
+                                    platform::ChooseItem(dialog, kGroups, other);
+                                    platform::ChooseItem(dialog, kMatrixElementList, 1);
+                                    platform::ClickControl(dialog, kDelete);
+                                }});
+    fault_case.changes = {kPluginFolder + "Other.MTX"};
+    FailEverything(fault_case);
+}
+
+TEST_F(MatrixDialogs, DeletedGroupIsInTheTrashOrStays) {
+    FaultCase fault_case = Case("matrix dialog: delete", {[](WindowHandle dialog) {
+                                    const int other = FindItem(dialog, kGroups, "Other");
+                                    if (other < 0) return;
+                                    platform::ChooseItem(dialog, kGroups, other);
+                                    platform::ChooseItem(dialog, kMatrixElementList, 1);
+                                    platform::HoldShift(true);
+                                    platform::ClickControl(dialog, kDelete);
+                                    platform::HoldShift(false);
+                                }});
+    fault_case.changes = {kPluginFolder + "Other.MTX", "Trash/files/Other.MTX"};
+    const auto run = fault_case.run;
+    fault_case.run = [&] {
+        const bool is_done = run();
+        EXPECT_NE(Contents().contains(kPluginFolder + "Other.MTX"),
+                  Contents().contains("Trash/files/Other.MTX"));
+        return is_done;
+    };
+    FailEverything(fault_case);
 }
 
 // --- The other dialogs
@@ -300,9 +337,8 @@ protected:
 };
 
 TEST_F(FountainLibraryDialogs, OpenAndClose) {
-    FaultCase fault_case = Case("library dialog", [](WindowHandle dialog) {
-        platform::ClickControl(dialog, kCancel);
-    });
+    FaultCase fault_case = Case(
+        "library dialog", [](WindowHandle dialog) { platform::ClickControl(dialog, kCancel); });
     fault_case.writes = {};
     FailEverything(fault_case);
 }

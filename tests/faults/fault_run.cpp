@@ -1,6 +1,7 @@
 #include "tests/faults/fault_run.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cstdio>
 #include <cstdlib>
 
@@ -57,8 +58,7 @@ public:
         PrintRow("all", sum);
     }
 };
-const testing::Environment* const print_tally =
-    testing::AddGlobalTestEnvironment(new PrintTally);
+const testing::Environment* const print_tally = testing::AddGlobalTestEnvironment(new PrintTally);
 
 // --- Times in files
 
@@ -73,7 +73,8 @@ void BlankLine(std::string* bytes, const char* begin) {
 }
 
 std::string WithoutTimes(const fs::path& path, std::string bytes) {
-    const std::string name = path.filename().string();
+    std::string name = path.filename().string();
+    std::ranges::transform(name, name.begin(), [](unsigned char c) { return std::tolower(c); });
     if (name.find(".ini") != std::string::npos) BlankLine(&bytes, ";Last updated");
     if (name.find(".fft") != std::string::npos) BlankLine(&bytes, "UpdateTimeDate");
     if (name.find(".trashinfo") != std::string::npos) BlankLine(&bytes, "DeletionDate");
@@ -99,8 +100,14 @@ FaultTest::FaultTest() {
     platform::SetHeadlessUser(Answer, this);
     std::snprintf(MatrixGroupFile, sizeof MatrixGroupFile, "%s", kDefaultMatrixGroup);
     std::snprintf(TextureGroupFile, sizeof TextureGroupFile, "%s", kDefaultTextureGroup);
-    services_ = {sizeof services_, kHostVersion, 0, 0, AnswerHost, 0,
-                 HostDelayHundredths | HostTrueColor, 0};
+    services_ = {sizeof services_,
+                 kHostVersion,
+                 0,
+                 0,
+                 AnswerHost,
+                 0,
+                 HostDelayHundredths | HostTrueColor,
+                 0};
     CurrentHost = &services_;
 }
 
@@ -179,13 +186,17 @@ void FaultTest::FailEverything(const FaultCase& fault_case) {
     const FileUse use = CurrentFileUse();
     ASSERT_TRUE(fault_case.run()) << "without a fault";
     ASSERT_TRUE(messages_.empty()) << messages_.front();
-    Tally tally{1, platform::CurrentMemoryUse().allocations - allocations,
-                CurrentFileUse().Total() - use.Total(), {}};
+    Tally tally{1,
+                platform::CurrentMemoryUse().allocations - allocations,
+                CurrentFileUse().Total() - use.Total(),
+                {}};
     for (std::size_t i = 0; i < kFileOperations; ++i)
         tally.counts[i] = CurrentFileUse().counts[i] - use.counts[i];
     states.after = Contents();
-    for (const std::string& name : fault_case.writes)
-        ASSERT_FALSE(IsSame(states.before, states.after, name)) << name << " is not changed";
+    for (const auto* names : {&fault_case.writes, &fault_case.changes}) {
+        for (const std::string& name : *names)
+            ASSERT_FALSE(IsSame(states.before, states.after, name)) << name << " is not changed";
+    }
     for (const bool for_ever : {false, true}) {
         for (std::size_t i = 1; i <= tally.allocations; ++i)
             RunWith(fault_case, {true, i, for_ever}, states);

@@ -31,6 +31,8 @@ struct FaultCase {
     std::vector<std::string> told;
     /// The files that are new when it was done, and old when not.
     std::vector<std::string> writes;
+    /// Files that a run without faults changes, besides.
+    std::vector<std::string> changes = {};
     /// Whether a file that is neither old nor new is a whole one all the same.
     std::function<bool(const std::string& name, const std::string& bytes)> is_whole;
     /// Whether controls keep what they could get of the memory, until `prepare` loads

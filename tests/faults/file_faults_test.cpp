@@ -174,13 +174,16 @@ TEST_F(Files, LibraryThatIsReadIsWholeOrUnreadable) {
 
 TEST_F(Files, EmptiedLibraryIsThereOrGone) {
     const std::string path = File("a.fll");
-    FailEverything(
-        {.kind = "fountain library: empty",
-         .prepare = [&] { ASSERT_EQ(AppendToFountainLibrary(path, FountainFrom(1)), 1); },
-         .run = [&] { return WriteFountainLibrary(path, nullptr, 0) == 1; },
-         .told = {},
-         .writes = {kPluginFolder + "a.fll"},
-         .is_whole = nullptr});
+    const auto prepare = [&] {
+        Erase("a.fll");
+        ASSERT_EQ(AppendToFountainLibrary(path, FountainFrom(1)), 1);
+    };
+    FailEverything({.kind = "fountain library: empty",
+                    .prepare = prepare,
+                    .run = [&] { return WriteFountainLibrary(path, nullptr, 0) == 1; },
+                    .told = {},
+                    .writes = {kPluginFolder + "a.fll"},
+                    .is_whole = nullptr});
 }
 
 // --- Textures
@@ -216,7 +219,7 @@ TEST_F(Files, LoadedTextureGroupSaysWhetherItIsWhole) {
         TextureItem item;
         while (reader.Next(&name, &item))
             ++count;
-        EXPECT_EQ(reader.IsRead(), count == 3);
+        EXPECT_TRUE(!reader.IsRead() || count == 3);
         return reader.IsRead();
     };
     FailEverything({.kind = "texture group: load",
@@ -278,8 +281,7 @@ TEST_F(Files, LoadedMatrixElementIsWholeOrNone) {
     ASSERT_TRUE(WriteTiles(File("a.mtx"), 3));
     const auto load = [&] {
         const platform::OwnedBlock element(LoadMatrixElement(File("a.mtx"), 2));
-        EXPECT_TRUE(!element ||
-                    Pixels(element.Get()) == std::vector<std::uint32_t>(81, 0x102030));
+        EXPECT_TRUE(!element || Pixels(element.Get()) == std::vector<std::uint32_t>(81, 0x102030));
         return static_cast<bool>(element);
     };
     FailEverything({.kind = "matrix element: load",
