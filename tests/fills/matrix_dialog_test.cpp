@@ -422,24 +422,25 @@ TEST_F(MatrixDialogTest, CancelKeepsTheChosenGroupAsTheCurrent) {
     EXPECT_STREQ(MatrixGroupFile, "another.MTX");
 }
 
-TEST_F(MatrixDialogTest, DamagedGroupIsToldAndLeavesTheListEmpty) {
+TEST_F(MatrixDialogTest, DamagedGroupIsRefusedAndTheOldOneStays) {
     folder_.WriteGroup("another.MTX", {7});
     std::FILE* stream = platform::OpenFile(folder_.File("another.MTX"), "r+b");
     std::fseek(stream, 1082 + 4, SEEK_SET);
     std::fputs("\xFF\xFF\xFF\xFF", stream);  // the first block's size
     std::fclose(stream);
-    Edit({Choose(kGroups, 0), [](WindowHandle dialog) { EXPECT_EQ(Listed(dialog), Colors{}); }});
+    Edit({Choose(kGroups, 0), [](WindowHandle dialog) {
+              EXPECT_EQ(Listed(dialog), (Colors{10, 20, 30}));
+          }});
     EXPECT_EQ(Shell().messages, Texts{kNotLoaded});
 }
 
-TEST_F(MatrixDialogTest, DamagedGroupIsNotWrittenOver) {
-    std::FILE* stream = platform::OpenFile(folder_.File("another.MTX"), "wb");
-    std::fputs("damaged", stream);
-    std::fclose(stream);
-    Edit({Choose(kList, 1), Press(kDelete), Choose(kGroups, 0), Press(kAdd), Press(kOk)});
-    EXPECT_EQ(Shell().messages, (Texts{kNotLoaded, kNotWriteable}));
-    EXPECT_EQ(folder_.ElementsOf("another.MTX"), Colors{kNoPixel});
-    EXPECT_FALSE(platform::FileExists(folder_.File("another.MTX.bak")));
+TEST_F(MatrixDialogTest, GroupThatIsGoneIsRefusedAndTheOldOneStays) {
+    folder_.WriteGroup("another.MTX", {7});
+    Edit({[this](WindowHandle) { platform::RemoveFile(folder_.File("another.MTX")); },
+          Choose(kList, 1), Press(kDelete), Choose(kGroups, 0), Press(kOk)});
+    EXPECT_TRUE(Shell().messages.empty());
+    EXPECT_FALSE(platform::FileExists(folder_.File("another.MTX")));
+    EXPECT_EQ(folder_.ElementsOf("vorbelx1.mtx"), (Colors{10, 30}));
 }
 
 TEST_F(MatrixDialogTest, ShiftAndMinusDeleteAGroupAfterAsking) {
