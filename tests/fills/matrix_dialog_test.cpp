@@ -434,15 +434,6 @@ TEST_F(MatrixDialogTest, DamagedGroupIsRefusedAndTheOldOneStays) {
     EXPECT_EQ(Shell().messages, Texts{kNotLoaded});
 }
 
-TEST_F(MatrixDialogTest, GroupThatIsGoneIsRefusedAndTheOldOneStays) {
-    folder_.WriteGroup("another.MTX", {7});
-    Edit({[this](WindowHandle) { platform::RemoveFile(folder_.File("another.MTX")); },
-          Choose(kList, 1), Press(kDelete), Choose(kGroups, 0), Press(kOk)});
-    EXPECT_TRUE(Shell().messages.empty());
-    EXPECT_FALSE(platform::FileExists(folder_.File("another.MTX")));
-    EXPECT_EQ(folder_.ElementsOf("vorbelx1.mtx"), (Colors{10, 30}));
-}
-
 TEST_F(MatrixDialogTest, ShiftAndMinusDeleteAGroupAfterAsking) {
     folder_.WriteGroup("another.MTX", {7});
     MatrixFolder::SetCurrentGroup("another.MTX");
