@@ -35,6 +35,8 @@ struct FaultCase {
     std::vector<std::string> changes = {};
     /// Whether a file that is neither old nor new is a whole one all the same.
     std::function<bool(const std::string& name, const std::string& bytes)> is_whole;
+    /// The messages for a fault of files, where they are others than for one of memory.
+    std::vector<std::string> told_of_files = {};
     /// Whether controls keep what they could get of the memory, until `prepare` loads
     /// them again.
     bool keeps_blocks = false;
@@ -74,7 +76,7 @@ private:
     static void Answer(platform::WindowHandle dialog, void* context);
     static std::int64_t AnswerHost(TaskRecord*, std::int64_t op, std::int64_t, std::int64_t);
     void RunWith(const FaultCase& fault_case, const Fault& fault, const States& states);
-    void CheckMessages(const FaultCase& fault_case, bool is_done) const;
+    void CheckMessages(const std::vector<std::string>& told, bool is_done) const;
     void CheckFiles(const FaultCase& fault_case, bool is_done, const States& states) const;
 
     ScratchFolder folder_;
