@@ -164,10 +164,7 @@ int AppendToFountainLibrary(const Fountain& fountain) {
 
 int WriteFountainLibrary(std::string_view path, const FountainLibraryEntry* entries,
                          std::size_t count) {
-    if (count == 0) {
-        platform::RemoveFile(path);
-        return platform::FileExists(path) ? 0 : 1;
-    }
+    if (count == 0) return platform::RemoveFile(path);
     if (count > std::numeric_limits<std::int32_t>::max()) return 0;
     FountainLibraryHeader header = NewHeader();
     header.Count = static_cast<std::int32_t>(count);

@@ -35,4 +35,11 @@ std::string GroupPath(const char* file) {
     return path;
 }
 
+void KeepGroupBackup(const std::string& path) {
+    const std::string backup = path + ".bak";
+    // The old backup goes as the copy takes its place, so that there is always one.
+    if (platform::CopyFileTo(path, backup) == 0 && !platform::FileExists(path))
+        platform::RemoveFile(backup);
+}
+
 }  // namespace tess

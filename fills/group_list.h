@@ -15,4 +15,8 @@ namespace tess {
 /// given where there is no such file.
 [[nodiscard]] std::string GroupPath(const char* file);
 
+/// Copies a group's file to PATH.bak, for when it is written anew. Without a copy the
+/// backup before stays; a group that is new has none.
+void KeepGroupBackup(const std::string& path);
+
 }  // namespace tess

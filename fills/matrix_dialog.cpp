@@ -104,23 +104,24 @@ void SelectElement(WindowHandle dialog, int index) {
 
 // --- Groups
 
-/// Returns 0 after telling the user of a failure.
-int LoadGroup(WindowHandle dialog) {
-    int is_loaded = 0;
+/// Tells the user of a group that is damaged.
+GroupReading LoadGroup(WindowHandle dialog) {
+    GroupReading reading{};
     {
         const platform::WaitCursor wait;
-        is_loaded = LoadMatrixGroup(dialog);
+        reading = LoadMatrixGroup(dialog);
     }
-    if (is_loaded == 0) ShowMessage(dialog, kNotLoaded);
+    if (reading == GroupReading::Damaged) ShowMessage(dialog, kNotLoaded);
     UpdateDeleteButton(dialog);
-    return is_loaded;
+    return reading;
 }
 
-/// A group that cannot be read is refused: the old one stays with its elements, or OK
-/// would write those over it.
+/// A group that cannot be read, or not even opened any more, is refused: the old one stays
+/// with its elements, or OK would write those over it.
 void ChooseGroup(WindowHandle dialog) {
     const std::string old_group = MatrixGroupFile;
-    if (!TakeSelectedGroup(dialog, kMatrixGroups) || LoadGroup(dialog) != 0) return;
+    if (!TakeSelectedGroup(dialog, kMatrixGroups)) return;
+    if (LoadGroup(dialog) == GroupReading::Whole) return;
     SetCurrentGroup(kMatrixGroups, old_group);
     SelectCurrentGroup(dialog, kMatrixGroups);
 }

@@ -13,24 +13,23 @@ MatrixGroupState CurrentMatrixGroup;
 
 using platform::WindowHandle;
 
-int LoadMatrixGroup(WindowHandle dialog) {
+GroupReading LoadMatrixGroup(WindowHandle dialog) {
     MatrixGroup group;
-    switch (ReadMatrixGroup(GroupPath(MatrixGroupFile), &group)) {
-        case GroupReading::Missing:
-            return 1;
-        case GroupReading::Damaged:
-            return 0;
-        case GroupReading::Whole:
-            break;
-    }
+    const GroupReading reading = ReadMatrixGroup(GroupPath(MatrixGroupFile), &group);
+    if (reading != GroupReading::Whole) return reading;
     CurrentMatrixGroup.IsWriteable = group.IsWriteable;
     FreeMatrixElements(dialog);
     for (int i = 0; i < group.Count(); ++i) {
         platform::OwnedBlock element(group.Take(i));
-        if (AddMatrixElement(dialog, element.Get()) == 0) return 0;
+        if (AddMatrixElement(dialog, element.Get()) == 0) {
+            // A part of the group must not be written over the whole of it.
+            FreeMatrixElements(dialog);
+            CurrentMatrixGroup = {};
+            return GroupReading::Damaged;
+        }
         static_cast<void>(element.Release());  // the list owns it now
     }
-    return 1;
+    return reading;
 }
 
 int SaveMatrixGroup(WindowHandle dialog) {

@@ -2,6 +2,7 @@
 // each, without a text, with the element's picture as its data.
 #pragma once
 
+#include "fills/matrix_group_file.h"
 #include "pipeline/image_buffers.h"
 #include "platform/dialog.h"
 
@@ -18,9 +19,9 @@ struct MatrixGroupState {
 extern MatrixGroupState CurrentMatrixGroup;
 
 /// Puts the elements of the file MatrixGroupFile into the list, in place of those that
-/// are there. Returns 1 when that was done, and also when there is no such file; 0 for
-/// a file that is damaged. What is in the list stays then, as does the state.
-[[nodiscard]] int LoadMatrixGroup(platform::WindowHandle dialog);
+/// are there. What is in the list stays where the file is missing or damaged, as does the
+/// state.
+[[nodiscard]] GroupReading LoadMatrixGroup(platform::WindowHandle dialog);
 
 /// Writes the list to MatrixGroupFile, as a group that may be changed. Returns nonzero
 /// on success.

@@ -11,6 +11,7 @@
 #include <string>
 #include <utility>
 
+#include "fills/group_list.h"
 #include "fills/matrix_group_format.h"
 #include "pipeline/picture_check.h"
 #include "platform/block_guards.h"
@@ -95,8 +96,8 @@ bool WriteGroup(std::FILE* stream, std::span<const ImageHandle> elements) {
         if (!WriteElement(stream, element, picture.Get())) return false;
         ++head.Count;
     }
-    std::rewind(stream);
-    return std::fwrite(&head, sizeof head, 1, stream) == 1;
+    // Not by `rewind`: it writes what is still in the buffer, and forgets that this failed.
+    return std::fseek(stream, 0, SEEK_SET) == 0 && std::fwrite(&head, sizeof head, 1, stream) == 1;
 }
 
 }  // namespace
@@ -152,10 +153,7 @@ GroupReading ReadMatrixGroup(std::string_view path, MatrixGroup* group) {
 }
 
 int WriteMatrixGroup(std::string_view path, std::span<const ImageHandle> elements) {
-    const std::string backup = std::string(path) + ".bak";
-    platform::RemoveFile(backup);
-    // A group that is new has nothing to keep; one that cannot be copied is still saved.
-    static_cast<void>(platform::CopyFileTo(path, backup));
+    KeepGroupBackup(std::string(path));
     platform::NewFile file(path, platform::FileMode::Binary);
     if (!file || !WriteGroup(file.Stream(), elements)) return 0;
     return file.Commit();

@@ -10,6 +10,7 @@
 #include <cstring>
 #include <system_error>
 
+#include "fills/group_list.h"
 #include "platform/clock.h"
 
 namespace tess {
@@ -228,6 +229,10 @@ bool TextureGroupReader::Next(std::string* name, TextureItem* item) {
     return false;
 }
 
+bool TextureGroupReader::IsRead() const {
+    return stream_ != nullptr && std::ferror(stream_.get()) == 0;
+}
+
 TextureGroupWriter::TextureGroupWriter(std::string_view path, int count)
     : path_(path), count_(count), file_(path, platform::FileMode::Text) {
     if (!file_ || count == 0) return;
@@ -260,10 +265,7 @@ int TextureGroupWriter::Commit() {
     if (count_ > 0) {
         std::fprintf(file_.Stream(), ";Items end -- beyond this point be dragons.\n");
     }
-    const std::string backup = path_ + ".bak";
-    platform::RemoveFile(backup);
-    // There is nothing to keep of a group that is new.
-    static_cast<void>(platform::CopyFileTo(path_, backup));
+    KeepGroupBackup(path_);
     return file_.Commit();
 }
 

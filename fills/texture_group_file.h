@@ -36,6 +36,10 @@ public:
     /// out is that of the item before. Returns false behind the last whole one.
     [[nodiscard]] bool Next(std::string* name, TextureItem* item);
 
+    /// Whether all that was asked for could be read: false when the file could not be
+    /// opened or a disk failed, which Next takes for the file's end.
+    [[nodiscard]] bool IsRead() const;
+
     /// What the lines read so far say of whether the group may be changed; nothing where
     /// they do not say.
     [[nodiscard]] std::optional<std::int32_t> Writeable() const { return writeable_; }

@@ -34,23 +34,29 @@ platform::MemoryHandle NewRecord(const TextureItem& item) {
 
 int LoadTextureGroup(WindowHandle dialog, bool* writeable_flag) {
     TextureGroupReader reader(GroupPath(TextureGroupFile));
-    if (!reader) return 0;
+    if (!reader) {
+        if (!reader.IsRead()) *writeable_flag = false;
+        return 0;
+    }
     FreeTextures(dialog);
-    int result = 1;
+    bool is_whole = true;
     std::string name;
     TextureItem item;
-    while (reader.Next(&name, &item)) {
+    while (is_whole && reader.Next(&name, &item)) {
         OwnedBlock block(NewRecord(item));
-        if (!block) {
-            result = 0;
-            break;
-        }
+        is_whole = static_cast<bool>(block);
         // An entry that cannot be added is left out, and the rest is read.
-        if (platform::AddListItem(dialog, kTextureList, name, block.Get()) >= 0)
+        if (is_whole && platform::AddListItem(dialog, kTextureList, name, block.Get()) >= 0)
             static_cast<void>(block.Release());
     }
+    if (!is_whole || !reader.IsRead()) {
+        // A part of the group must not be written over the whole of it.
+        FreeTextures(dialog);
+        *writeable_flag = false;
+        return 0;
+    }
     if (reader.Writeable()) *writeable_flag = *reader.Writeable() != 0;
-    return result;
+    return 1;
 }
 
 int SaveTextureGroup(WindowHandle dialog) {

@@ -3,6 +3,8 @@
 
 #include <cstdio>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace platform {
 
@@ -20,6 +22,13 @@ extern const char* const kPathSeparators;
 /// Puts `from` in the place of `to`, which may exist. Returns 0 on failure, and
 /// then both stay as they are.
 [[nodiscard]] int TakePlaceOf(const char* from, const char* to);
+
+/// Removes a file. Returns 0 when it is still there.
+[[nodiscard]] int RemoveFromFolder(const char* path);
+
+/// As FilesIn.
+[[nodiscard]] std::vector<std::string> ListFolder(const std::string& folder,
+                                                  std::string_view extension);
 
 /// A number that no other running process has.
 [[nodiscard]] unsigned long ProcessNumber();

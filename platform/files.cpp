@@ -3,6 +3,7 @@
 #include <cstring>
 #include <utility>
 
+#include "platform/file_calls.h"
 #include "platform/file_system.h"
 
 namespace platform {
@@ -16,6 +17,7 @@ constexpr char kPlugin[] = "Tessellomatics 1";
 std::string user_folder;    // in place of the folder for application data
 std::string plugin_folder;  // in place of PluginFile's
 char shared_path[kLongestPath + 1];
+const FileCalls* file_calls = &kSystemFileCalls;
 
 /// Adds a step to a path, and cuts what is too long.
 void Join(std::string* path, std::string_view name) {
@@ -45,6 +47,16 @@ std::string TemporaryPath(const std::string& path) {
 }
 
 }  // namespace
+
+const FileCalls kSystemFileCalls{OpenStream, TakePlaceOf, RemoveFromFolder, ListFolder};
+
+const FileCalls& CurrentFileCalls() {
+    return *file_calls;
+}
+
+void SetFileCalls(const FileCalls* calls) {
+    file_calls = calls != nullptr ? calls : &kSystemFileCalls;
+}
 
 const char* UserFile(const char* name) {
     return SharedPath(MakerFolder(), name);
@@ -78,8 +90,7 @@ std::string_view FileNameOf(std::string_view path) {
 NewFile::NewFile(std::string_view path, FileMode mode)
     : path_(path),
       temporary_(TemporaryPath(path_)),
-      stream_(path_.empty() ? nullptr
-                            : OpenStream(temporary_.c_str(), mode == FileMode::Text ? "w" : "wb")) {
+      stream_(path_.empty() ? nullptr : OpenFile(temporary_, mode == FileMode::Text ? "w" : "wb")) {
 }
 
 NewFile::~NewFile() {
@@ -93,7 +104,10 @@ int NewFile::Commit() {
     if (stream == nullptr) return 0;
     const bool is_whole = std::ferror(stream) == 0;
     const bool is_closed = std::fclose(stream) == 0;  // flushes, so it can fail as a write does
-    if (is_whole && is_closed && TakePlaceOf(temporary_.c_str(), path_.c_str()) != 0) return 1;
+    const FileCalls& calls = CurrentFileCalls();
+    // It is not forced onto the disk first: after a loss of power the old file may be there,
+    // and on some file systems an empty one. Settings and libraries are not worth the wait.
+    if (is_whole && is_closed && calls.Rename(temporary_.c_str(), path_.c_str()) != 0) return 1;
     RemoveFile(temporary_);
     return 0;
 }
@@ -120,7 +134,15 @@ int CopyFileTo(std::string_view from, std::string_view to) {
 }
 
 std::FILE* OpenFile(std::string_view path, const char* mode) {
-    return OpenStream(std::string(path).c_str(), mode);
+    return CurrentFileCalls().Open(std::string(path).c_str(), mode);
+}
+
+int RemoveFile(std::string_view path) {
+    return CurrentFileCalls().Remove(std::string(path).c_str());
+}
+
+std::vector<std::string> FilesIn(std::string_view folder, std::string_view extension) {
+    return CurrentFileCalls().List(std::string(folder), extension);
 }
 
 }  // namespace platform

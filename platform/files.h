@@ -71,8 +71,8 @@ private:
 /// Returns 0 on failure.
 [[nodiscard]] int CopyFileTo(std::string_view from, std::string_view to);
 
-/// Removes a file if it is there.
-void RemoveFile(std::string_view path);
+/// Removes a file if it is there. Returns 0 when it still is.
+int RemoveFile(std::string_view path);
 
 /// Moves a file to where the user can get it back from: the recycle bin, natively
 /// the trash in the user's folder for data. Asks and shows nothing. Returns 0 on

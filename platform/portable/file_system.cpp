@@ -1,6 +1,7 @@
 #include "platform/file_system.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 #include <dirent.h>
 #include <strings.h>
@@ -42,13 +43,13 @@ int TakePlaceOf(const char* from, const char* to) {
     return std::rename(from, to) == 0 ? 1 : 0;
 }
 
-void RemoveFile(std::string_view path) {
-    std::remove(std::string(path).c_str());
+int RemoveFromFolder(const char* path) {
+    return std::remove(path) == 0 || errno == ENOENT ? 1 : 0;
 }
 
-std::vector<std::string> FilesIn(std::string_view folder, std::string_view extension) {
+std::vector<std::string> ListFolder(const std::string& folder, std::string_view extension) {
     std::vector<std::string> names;
-    DIR* directory = opendir(std::string(folder).c_str());
+    DIR* directory = opendir(folder.c_str());
     if (directory == nullptr) return names;
     while (const dirent* entry = readdir(directory)) {
         const std::string_view name = entry->d_name;

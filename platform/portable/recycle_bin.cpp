@@ -5,6 +5,7 @@
 #include <ctime>
 #include <filesystem>
 
+#include "platform/file_calls.h"
 #include "platform/file_system.h"
 #include "platform/files.h"
 
@@ -67,8 +68,8 @@ int MoveToRecycleBin(std::string_view path) {
     }
     const fs::path info = trash / "info" / (name + ".trashinfo");
     if (WriteInfo(info, from) == 0) return 0;
-    fs::rename(from, trash / "files" / name, failure);
-    if (failure) {
+    const std::string target = (trash / "files" / name).string();
+    if (CurrentFileCalls().Rename(from.c_str(), target.c_str()) == 0) {
         RemoveFile(info.string());
         return 0;
     }

@@ -50,11 +50,13 @@ int TakePlaceOf(const char* from, const char* to) {
     return MoveFileExA(from, to, MOVEFILE_REPLACE_EXISTING) ? 1 : 0;
 }
 
-void RemoveFile(std::string_view path) {
-    DeleteFileA(std::string(path).c_str());
+int RemoveFromFolder(const char* path) {
+    if (DeleteFileA(path)) return 1;
+    const DWORD error = GetLastError();
+    return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND ? 1 : 0;
 }
 
-std::vector<std::string> FilesIn(std::string_view folder, std::string_view extension) {
+std::vector<std::string> ListFolder(const std::string& folder, std::string_view extension) {
     std::vector<std::string> names;
     std::string pattern(folder);
     if (!pattern.empty() && pattern.find_last_of(kPathSeparators) != pattern.size() - 1)

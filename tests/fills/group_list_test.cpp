@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
+#include "platform/file_calls.h"
 #include "platform/files.h"
 #include "tests/support/scratch_folder.h"
 
@@ -46,6 +47,23 @@ TEST_F(GroupList, LeavesOutNamesThatBeginWithADot) {
 TEST_F(GroupList, BackupsAreNoGroups) {
     MakeFile("clouds.fft.bak");
     EXPECT_TRUE(SortedNames(".fft").empty());
+}
+
+TEST_F(GroupList, NewGroupHasNoBackup) {
+    MakeFile("clouds.fft.bak");
+    KeepGroupBackup(platform::PluginFile("clouds.fft"));
+    EXPECT_FALSE(platform::FileExists(platform::PluginFile("clouds.fft.bak")));
+}
+
+TEST_F(GroupList, BackupBeforeStaysWhereThereCannotBeACopy) {
+    MakeFile("clouds.fft");
+    MakeFile("clouds.fft.bak");
+    platform::FileCalls calls = platform::kSystemFileCalls;
+    calls.Rename = [](const char*, const char*) { return 0; };
+    platform::SetFileCalls(&calls);
+    KeepGroupBackup(platform::PluginFile("clouds.fft"));
+    platform::SetFileCalls(nullptr);
+    EXPECT_TRUE(platform::FileExists(platform::PluginFile("clouds.fft.bak")));
 }
 
 }  // namespace

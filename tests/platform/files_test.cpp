@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
+#include "platform/file_calls.h"
 #include "platform/file_system.h"
 
 namespace {
@@ -131,6 +132,27 @@ TEST_F(Files, NewFileThatCannotTakeItsPlaceLeavesNothing) {
     EXPECT_EQ(file.Commit(), 0);
     EXPECT_EQ(FileCount(), 1);
     EXPECT_EQ(Read("a/kept"), "old");
+}
+
+TEST_F(Files, NewFileThatMayNotBeRenamedLeavesTheOldOne) {
+    Write("a", "old");
+    platform::FileCalls calls = platform::kSystemFileCalls;
+    calls.Rename = [](const char*, const char*) { return 0; };
+    platform::SetFileCalls(&calls);
+    platform::NewFile file(PathOf("a"), platform::FileMode::Binary);
+    EXPECT_EQ(file.Commit(), 0);
+    platform::SetFileCalls(nullptr);
+    EXPECT_EQ(Read("a"), "old");
+    EXPECT_EQ(FileCount(), 1);
+}
+
+TEST_F(Files, RemovalSaysWhetherTheFileIsGone) {
+    Write("a", "old");
+    EXPECT_EQ(platform::RemoveFile(PathOf("a")), 1);
+    EXPECT_EQ(platform::RemoveFile(PathOf("a")), 1);
+    fs::create_directory(folder_ / "folder");
+    Write("folder/kept", "old");
+    EXPECT_EQ(platform::RemoveFile(PathOf("folder")), 0);
 }
 
 TEST_F(Files, SecondCommitFails) {
