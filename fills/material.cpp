@@ -47,6 +47,13 @@ ImageHandle RenderTextureSquare(TextureItem* item, int side) {
     return kind->Render(*item);
 }
 
+/// Field by field: the rectangle of a packed record may lie at any address.
+void SetTargetRect(MatrixTile* tile, int width, int height) {
+    tile->TargetRect.left = tile->TargetRect.top = 0;
+    tile->TargetRect.right = width;
+    tile->TargetRect.bottom = height;
+}
+
 /// Draws the material over the zeroed image. Returns 0 when a source failed.
 int DrawMaterial(Material* material, PackedDib* image) {
     const int width = image->Width, height = image->Height;
@@ -64,7 +71,7 @@ int DrawMaterial(Material* material, PackedDib* image) {
             return CopyFrom(source.Get(), (side - width) / 2, (side - height) / 2, image);
         }
         case MaterialMode::Tile: {
-            material->Tile.TargetRect = {0, 0, width, height};
+            SetTargetRect(&material->Tile, width, height);
             const platform::OwnedBlock source(RenderMatrixTile(material->Tile));
             return CopyFrom(source.Get(), 0, 0, image);
         }

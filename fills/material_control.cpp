@@ -8,6 +8,7 @@
 #include "controls/control_line.h"
 #include "controls/hexadecimal.h"
 #include "fills/gradient_dialog.h"
+#include "fills/group_list.h"
 #include "fills/material_file.h"
 #include "fills/matrix_dialog.h"
 #include "fills/matrix_group_file.h"
@@ -69,7 +70,7 @@ void Initialize(WindowHandle control, ColorWord color) {
         LoadMaterial(MaterialFileName(control), color, platform::IsShiftHeld() ? 0 : 1);
     if (const LockedMaterial material(record); material) {
         // Whatever group the file has named, the present one counts.
-        const std::string group = platform::PluginFile(MatrixGroupFile);
+        const std::string group = GroupPath(MatrixGroupFile);
         SetMatrixTilePath(&material->Tile, group);
         platform::FreeBlock(material->Tile.Image);
         material->Tile.Image = LoadMatrixElement(group, material->Tile.Element);

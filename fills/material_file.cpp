@@ -72,7 +72,11 @@ void CopyMaterial(To* to, const From& from) {
     to->Texture = from.Texture;
     std::memcpy(to->Tile.File, from.Tile.File, sizeof to->Tile.File);
     to->Tile.Element = from.Tile.Element;
-    to->Tile.TargetRect = from.Tile.TargetRect;
+    // Field by field: the rectangle of a packed record may lie at any address.
+    to->Tile.TargetRect.left = from.Tile.TargetRect.left;
+    to->Tile.TargetRect.top = from.Tile.TargetRect.top;
+    to->Tile.TargetRect.right = from.Tile.TargetRect.right;
+    to->Tile.TargetRect.bottom = from.Tile.TargetRect.bottom;
     to->Tile.Flags = from.Tile.Flags;
     to->AverageColor = from.AverageColor;
 }

@@ -5,19 +5,17 @@
 // changes nothing.
 #include "fills/matrix_dialog.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <string>
 
 #include "controls/current_host.h"
 #include "controls/help.h"
 #include "controls/skinned_button.h"
+#include "fills/group_choice.h"
 #include "fills/group_list.h"
 #include "fills/matrix_element_list.h"
 #include "fills/matrix_group_file.h"
-#include "fills/name_box.h"
 #include "pipeline/picture_check.h"
-#include "platform/files.h"
 #include "platform/keyboard.h"
 #include "platform/list_box.h"
 #include "platform/popup_menu.h"
@@ -43,8 +41,6 @@ enum Control : int {
 };
 
 constexpr int kNameBox = 9967;
-constexpr char kGroupExtension[] = ".mtx";
-constexpr char kGroupForm[] = "%s.MTX";
 
 constexpr char kNotLoaded[] = "There has been an error loading the matrix element file.";
 constexpr char kNotAdded[] = "There has been an error adding your matrix tile.";
@@ -56,6 +52,14 @@ constexpr char kNotDeletable[] = "The primary matrix group cannot be deleted.";
 constexpr char kDeleteQuestion[] =
     "Do you want to delete the %s matrix group?\n\nClick on Yes to delete this file, or No to "
     "abort.";
+
+constexpr GroupChoice kMatrixGroups = {kGroups,
+                                       kNameBox,
+                                       ".MTX",
+                                       kDefaultMatrixGroup,
+                                       kDeleteQuestion,
+                                       MatrixGroupFile,
+                                       sizeof MatrixGroupFile};
 
 /// The record of the dialog that runs.
 MatrixTile* working_tile = nullptr;
@@ -100,36 +104,8 @@ void SelectElement(WindowHandle dialog, int index) {
 
 // --- Groups
 
-/// The name of a group's file as the list shows it.
-std::string GroupNameOf(const char* file) {
-    const std::string name = file;
-    return name.substr(0, name.find('.'));
-}
-
-bool IsSameName(const std::string& one, const std::string& other) {
-    const auto small = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 32) : c; };
-    return one.size() == other.size() &&
-           std::equal(one.begin(), one.end(), other.begin(),
-                      [&](char a, char b) { return small(a) == small(b); });
-}
-
-/// The place of a group in the list of groups, -1 for one that is not there.
-int FindGroup(WindowHandle dialog, const std::string& name) {
-    for (int i = 0; i < platform::ItemCount(dialog, kGroups); ++i) {
-        if (IsSameName(platform::ItemText(dialog, kGroups, i), name)) return i;
-    }
-    return -1;
-}
-
-void SelectCurrentGroup(WindowHandle dialog) {
-    platform::SetSelection(dialog, kGroups, FindGroup(dialog, GroupNameOf(MatrixGroupFile)));
-}
-
-void SetGroupFile(const std::string& name) {
-    std::snprintf(MatrixGroupFile, sizeof MatrixGroupFile, kGroupForm, name.c_str());
-}
-
-void LoadGroup(WindowHandle dialog) {
+/// Returns 0 after telling the user of a failure.
+int LoadGroup(WindowHandle dialog) {
     int is_loaded = 0;
     {
         const platform::WaitCursor wait;
@@ -137,40 +113,26 @@ void LoadGroup(WindowHandle dialog) {
     }
     if (is_loaded == 0) ShowMessage(dialog, kNotLoaded);
     UpdateDeleteButton(dialog);
+    return is_loaded;
 }
 
+/// A group that cannot be read is refused: the old one stays with its elements, or OK
+/// would write those over it.
 void ChooseGroup(WindowHandle dialog) {
-    const int index = platform::Selection(dialog, kGroups);
-    if (index < 0) return;
-    SetGroupFile(platform::ItemText(dialog, kGroups, index));
-    LoadGroup(dialog);
+    const std::string old_group = MatrixGroupFile;
+    if (!TakeSelectedGroup(dialog, kMatrixGroups) || LoadGroup(dialog) != 0) return;
+    SetCurrentGroup(kMatrixGroups, old_group);
+    SelectCurrentGroup(dialog, kMatrixGroups);
 }
 
 /// Saves the elements as a new group, and goes on with that.
-void AddGroup(WindowHandle dialog) {
-    std::string name = "Untitled";
-    if (!AskName(dialog, kNameBox, &name)) return;
-    // A name with a folder in it would leave the user's own.
-    const bool is_name = name.find_first_of("/\\:") == std::string::npos;
-    if (is_name) SetGroupFile(name);
-    if (!is_name || SaveMatrixGroup(dialog) == 0)
-        return ShowMessage(dialog, LoadStringText(StringId::ErrorWritingFile));
-    if (FindGroup(dialog, GroupNameOf(MatrixGroupFile)) < 0)
-        platform::AddItem(dialog, kGroups, GroupNameOf(MatrixGroupFile));
-    SelectCurrentGroup(dialog);
-    CurrentMatrixGroup.IsWriteable = true;
+void AddMatrixGroup(WindowHandle dialog) {
+    if (AddGroup(dialog, kMatrixGroups, SaveMatrixGroup)) CurrentMatrixGroup.IsWriteable = true;
 }
 
-void DeleteGroup(WindowHandle dialog) {
+void DeleteMatrixGroup(WindowHandle dialog) {
     if (!CurrentMatrixGroup.IsWriteable) return ShowMessage(dialog, kNotDeletable);
-    char question[512];
-    std::snprintf(question, sizeof question, kDeleteQuestion, GroupNameOf(MatrixGroupFile).c_str());
-    if (!AskYesNo(dialog, question)) return;
-    if (platform::MoveToRecycleBin(GroupPath(MatrixGroupFile)) == 0)
-        return ShowMessage(dialog, LoadStringText(StringId::ErrorWritingFile));
-    platform::DeleteListItem(dialog, kGroups, FindGroup(dialog, GroupNameOf(MatrixGroupFile)));
-    std::snprintf(MatrixGroupFile, sizeof MatrixGroupFile, "%s", kDefaultMatrixGroup);
-    SelectCurrentGroup(dialog);
+    if (!DeleteCurrentGroup(dialog, kMatrixGroups)) return;
     // The elements of the group that is gone must not stay for OK to write them over
     // the one that follows it.
     CurrentMatrixGroup = {};
@@ -253,9 +215,7 @@ void Open(WindowHandle dialog) {
     LoadGroup(dialog);
     platform::SetSelection(dialog, kMatrixElementList,
                            platform::ItemCount(dialog, kMatrixElementList) > 0 ? 0 : -1);
-    for (const std::string& name : GroupNames(kGroupExtension))
-        platform::AddItem(dialog, kGroups, name);
-    SelectCurrentGroup(dialog);
+    ListGroups(dialog, kMatrixGroups);
     UpdateSizeText(dialog);
     UpdateDeleteButton(dialog);
     platform::CenterOnScreen(dialog);
@@ -282,9 +242,9 @@ void OnCommand(WindowHandle dialog, int id, Notification notification) {
         case kHelp:
             return ShowHelp(dialog, "TILE");
         case kAdd:
-            return platform::IsShiftHeld() ? AddGroup(dialog) : AddElement(dialog);
+            return platform::IsShiftHeld() ? AddMatrixGroup(dialog) : AddElement(dialog);
         case kDelete:
-            return platform::IsShiftHeld() ? DeleteGroup(dialog) : DeleteElement(dialog);
+            return platform::IsShiftHeld() ? DeleteMatrixGroup(dialog) : DeleteElement(dialog);
         case kMatrixElementList:
             if (notification == Notification::ListSelected) TakeSelection(dialog);
             if (notification == Notification::ListDoubleClicked) Accept(dialog);

@@ -2,19 +2,15 @@
 // stands for the current group's file until OK writes it back.
 #include "fills/texture_dialog.h"
 
-#include <algorithm>
-#include <cstdio>
 #include <string>
-#include <string_view>
 
 #include "controls/help.h"
 #include "controls/skinned_button.h"
-#include "fills/group_list.h"
+#include "fills/group_choice.h"
 #include "fills/name_box.h"
 #include "fills/texture_controls.h"
 #include "fills/texture_group_file.h"
 #include "fills/texture_list.h"
-#include "platform/files.h"
 #include "platform/keyboard.h"
 #include "platform/list_box.h"
 #include "shell/control_contract.h"
@@ -36,9 +32,7 @@ enum Control : int {
     kPreviewButton = 107,
 };
 
-constexpr char kGroupExtension[] = ".FFT";
 constexpr char kNewTexture[] = "Untitled (double-click to edit)";
-constexpr char kNewGroup[] = "Untitled";
 
 constexpr char kNotLoaded[] =
     "There has been an error importing the selected texture file. The file may be damaged.";
@@ -50,6 +44,10 @@ constexpr char kNotDeletable[] = "The primary texture group cannot be deleted.";
 constexpr char kDeleteQuestion[] =
     "Do you want to delete the %s texture group?\n\nClick on Yes to delete this file, or No to "
     "abort.";
+
+constexpr GroupChoice kTextureGroups = {
+    kGroups,          kTextureNameTemplate,   ".FFT", kDefaultTextureGroup, kDeleteQuestion,
+    TextureGroupFile, sizeof TextureGroupFile};
 
 /// The dialog that runs; there is one at a time.
 TextureItem* edited = nullptr;
@@ -74,32 +72,6 @@ bool MayChange(WindowHandle dialog, const char* refusal) {
 
 // --- Groups
 
-std::string GroupNameOf(std::string_view file) {
-    return std::string(file.substr(0, file.find('.')));
-}
-
-bool IsSameName(std::string_view one, std::string_view other) {
-    const auto small = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 32) : c; };
-    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
-                      [&](char a, char b) { return small(a) == small(b); });
-}
-
-/// The place of a group in the list of groups, -1 for one that is not there.
-int FindGroup(WindowHandle dialog, std::string_view name) {
-    for (int i = 0; i < platform::ItemCount(dialog, kGroups); ++i) {
-        if (IsSameName(platform::ItemText(dialog, kGroups, i), name)) return i;
-    }
-    return -1;
-}
-
-void SelectGroup(WindowHandle dialog, std::string_view name) {
-    platform::SetSelection(dialog, kGroups, FindGroup(dialog, name));
-}
-
-void SetGroupFile(const std::string& file) {
-    std::snprintf(TextureGroupFile, sizeof TextureGroupFile, "%s", file.c_str());
-}
-
 /// Reads the current group into the list, which is empty when that fails: textures of
 /// another group must not stay for OK to write them over this one.
 void LoadGroup(WindowHandle dialog) {
@@ -109,41 +81,18 @@ void LoadGroup(WindowHandle dialog) {
 }
 
 void ChooseGroup(WindowHandle dialog) {
-    const int index = platform::Selection(dialog, kGroups);
-    if (index < 0) return;
-    SetGroupFile(platform::ItemText(dialog, kGroups, index) + kGroupExtension);
-    LoadGroup(dialog);
+    if (TakeSelectedGroup(dialog, kTextureGroups)) LoadGroup(dialog);
 }
 
 /// Saves the list as a new group, and goes on with that.
-void AddGroup(WindowHandle dialog) {
-    std::string name = kNewGroup;
-    if (!AskName(dialog, kTextureNameTemplate, &name)) return;
-    const std::string old_file = TextureGroupFile;
-    // A name with a folder in it would leave the user's own.
-    const bool is_name = name.find_first_of("/\\:") == std::string::npos;
-    if (is_name) SetGroupFile(name + kGroupExtension);
-    if (!is_name || SaveTextureGroup(dialog) == 0) {
-        SetGroupFile(old_file);
-        return ShowMessage(dialog, LoadStringText(StringId::ErrorWritingFile));
-    }
-    if (FindGroup(dialog, name) < 0) platform::AddItem(dialog, kGroups, name);
-    SelectGroup(dialog, name);
+void AddTextureGroup(WindowHandle dialog) {
+    if (!AddGroup(dialog, kTextureGroups, SaveTextureGroup)) return;
     is_writeable = true;
     is_dirty = false;
 }
 
-void DeleteGroup(WindowHandle dialog) {
-    if (!MayChange(dialog, kNotDeletable)) return;
-    const std::string name = GroupNameOf(TextureGroupFile);
-    char question[512];
-    std::snprintf(question, sizeof question, kDeleteQuestion, name.c_str());
-    if (!AskYesNo(dialog, question)) return;
-    if (platform::MoveToRecycleBin(GroupPath(TextureGroupFile)) == 0)
-        return ShowMessage(dialog, LoadStringText(StringId::ErrorWritingFile));
-    platform::DeleteListItem(dialog, kGroups, FindGroup(dialog, name));
-    SetGroupFile(kDefaultTextureGroup);
-    SelectGroup(dialog, GroupNameOf(kDefaultTextureGroup));
+void DeleteTextureGroup(WindowHandle dialog) {
+    if (!MayChange(dialog, kNotDeletable) || !DeleteCurrentGroup(dialog, kTextureGroups)) return;
     is_writeable = false;
     LoadGroup(dialog);
 }
@@ -197,9 +146,7 @@ void Open(WindowHandle dialog) {
     is_writeable = false;
     OpenTextureControls(dialog, edited);
     LoadGroup(dialog);
-    for (const std::string& name : GroupNames(kGroupExtension))
-        platform::AddItem(dialog, kGroups, name);
-    SelectGroup(dialog, GroupNameOf(TextureGroupFile));
+    ListGroups(dialog, kTextureGroups);
     UpdateButtons(dialog);
     platform::PostCommand(dialog, kPreviewButton);
     platform::FocusControl(dialog, kOk);
@@ -221,9 +168,10 @@ void OnClick(WindowHandle dialog, int id) {
         case kHelp:
             return ShowHelp(dialog, "TEXTURE");
         case kAdd:
-            return platform::IsShiftHeld() ? AddGroup(dialog) : AddCurrentTexture(dialog);
+            return platform::IsShiftHeld() ? AddTextureGroup(dialog) : AddCurrentTexture(dialog);
         case kDelete:
-            return platform::IsShiftHeld() ? DeleteGroup(dialog) : DeleteSelectedTexture(dialog);
+            return platform::IsShiftHeld() ? DeleteTextureGroup(dialog)
+                                           : DeleteSelectedTexture(dialog);
         case kPreviewButton:
             return RedrawPreview(dialog);
         default:

@@ -422,7 +422,7 @@ TEST_F(MatrixDialogTest, CancelKeepsTheChosenGroupAsTheCurrent) {
     EXPECT_STREQ(MatrixGroupFile, "another.MTX");
 }
 
-TEST_F(MatrixDialogTest, DamagedGroupIsToldAndTheListStays) {
+TEST_F(MatrixDialogTest, DamagedGroupIsRefusedAndTheOldOneStays) {
     folder_.WriteGroup("another.MTX", {7});
     std::FILE* stream = platform::OpenFile(folder_.File("another.MTX"), "r+b");
     std::fseek(stream, 1082 + 4, SEEK_SET);

@@ -2,29 +2,21 @@
 // one step each time it has nothing to do.
 #pragma once
 
-#include <deque>
-#include <functional>
-#include <gtest/gtest.h>
 #include <string>
 
-#include "controls/current_host.h"
 #include "fills/texture_dialog.h"
 #include "fills/texture_group_file.h"
 #include "platform/files.h"
-#include "platform/headless_user.h"
 #include "platform/keyboard.h"
+#include "tests/fills/stepping_user.h"
 #include "tests/support/random_textures.h"
 #include "tests/support/scratch_folder.h"
 
 namespace tess::test {
 
-class TextureDialogTest : public testing::Test {
+class TextureDialogTest : public SteppingUserTest {
 protected:
-    using Step = std::function<void(platform::WindowHandle)>;
     enum Control : int {
-        kOk = 1,
-        kCancel = 2,
-        kHelp = 9,
         kPreview = 101,
         kList = 102,
         kGroups = 103,
@@ -36,19 +28,14 @@ protected:
     };
 
     TextureDialogTest() {
-        current_ = this;
-        services_.HostCall = Answer;
-        CurrentHost = &services_;
         platform::SetPluginFolder(folder_.Path());
         SetGroup(kDefaultTextureGroup);
         item = DefaultTexture(0, 0, 0);
     }
     ~TextureDialogTest() override {
-        platform::SetHeadlessUser(nullptr, nullptr);
         platform::SetPluginFolder("");
         platform::HoldShift(false);
         SetGroup(kDefaultTextureGroup);
-        CurrentHost = nullptr;
     }
 
     static void SetGroup(const char* file) {
@@ -95,9 +82,7 @@ protected:
 
     /// Opens the dialog on `item`, takes the steps, and ends it by `last_button`.
     int Edit(std::deque<Step> steps, int last_button = kOk) {
-        steps_ = std::move(steps);
-        last_button_ = last_button;
-        platform::SetHeadlessUser(TakeStep, this);
+        SetSteps(std::move(steps), last_button);
         return EditTexture(nullptr, &item);
     }
     /// Presses a button with Shift held.
@@ -113,43 +98,10 @@ protected:
             platform::ClickControl(box, kOk);
         };
     }
-    static void Mouse(platform::WindowHandle dialog, int id, std::uint32_t message, int x, int y) {
-        platform::SendToWindow(platform::Control(dialog, id), message, 0,
-                               platform::MousePlace(x, y));
-    }
-
     TextureItem item{};
-    std::int64_t chooser_color = -1;  ///< -1: the user cancels
-    ColorWord chooser_start = 0;
-    std::string help_target;
 
 private:
-    static void TakeStep(platform::WindowHandle dialog, void* context) {
-        auto* test = static_cast<TextureDialogTest*>(context);
-        if (test->steps_.empty()) return platform::PostCommand(dialog, test->last_button_);
-        const Step step = test->steps_.front();
-        test->steps_.pop_front();
-        step(dialog);
-    }
-    static std::int64_t Answer(TaskRecord*, std::int64_t op, std::int64_t, std::int64_t b) {
-        const auto place = static_cast<std::intptr_t>(b);
-        if (op == static_cast<std::int64_t>(HostOp::ShowHelp)) {
-            current_->help_target = reinterpret_cast<const char*>(place);
-            return 1;
-        }
-        if (op != static_cast<std::int64_t>(HostOp::ChooseColor)) return 0;
-        auto* record = reinterpret_cast<ColorDialogRecord*>(place);
-        current_->chooser_start = record->Color;
-        if (current_->chooser_color < 0) return 0;
-        record->Color = static_cast<ColorWord>(current_->chooser_color);
-        return 1;
-    }
-
-    static inline TextureDialogTest* current_ = nullptr;
     ScratchFolder folder_;
-    HostServices services_{};
-    std::deque<Step> steps_;
-    int last_button_ = kOk;
 };
 
 }  // namespace tess::test

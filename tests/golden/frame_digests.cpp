@@ -2,6 +2,7 @@
 // then the setting. The same program of every build must print the same.
 //
 //   frame_digests STYLE COUNT SEED [LINE FOLDER]
+//   frame_digests --styles                        the names of all styles
 //
 // The first line is for the start values; COUNT more are for random settings drawn
 // from SEED, small enough to be quick. With LINE, counted from 1, it prints nothing,
@@ -9,6 +10,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+#include <string_view>
 
 #include "host/bmp_file.h"
 #include "tests/golden/style_settings.h"
@@ -80,8 +82,13 @@ void BuildAll(WindowHandle dialog, void* context) {
 }  // namespace tess::test
 
 int main(int count, char** arguments) {
+    if (count == 2 && std::string_view(arguments[1]) == "--styles") {
+        for (const tess::StyleEntry* style : tess::StyleTable)
+            std::puts(style->Name);
+        return 0;
+    }
     if (count != 4 && count != 6) {
-        std::fprintf(stderr, "usage: frame_digests STYLE COUNT SEED [LINE FOLDER]\n");
+        std::fprintf(stderr, "usage: frame_digests STYLE COUNT SEED [LINE FOLDER] | --styles\n");
         return 2;
     }
     tess::test::Run run{tess::test::FindStyle(arguments[1]),

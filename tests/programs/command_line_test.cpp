@@ -65,6 +65,12 @@ constexpr OptionCase kCases[] = {
     {"size", "texture", "40x30", [](const Request& r) { return r.Width == 40 && r.Height == 30; },
      "40"},
     {"json", "styles", nullptr, [](const Request& r) { return r.Json; }, nullptr},
+    {"tile", "build", "mine:3",
+     [](const Request& r) {
+         return r.Settings.size() == 1 && r.Settings[0].Kind == SettingKind::Tile &&
+                r.Settings[0].Value == "mine:3";
+     },
+     ""},
     {"library", "fountain", "a.fll", [](const Request& r) { return r.Library == "a.fll"; }, ""},
     {"add", "fountain", "#000000,#FFFFFF",
      [](const Request& r) { return r.AddedFountain == "#000000,#FFFFFF"; }, ""},

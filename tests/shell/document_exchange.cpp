@@ -16,6 +16,7 @@
 #include <string_view>
 
 #include "controls/spinner.h"
+#include "fills/matrix_tile.h"
 #include "platform/files.h"
 #include "platform/headless_user.h"
 #include "runtime/random.h"
@@ -54,14 +55,30 @@ std::uint32_t DrawFor(platform::WindowHandle dialog, int id, std::string_view ta
            Draw(static_cast<std::uint32_t>(range.maximum - range.minimum + 1));
 }
 
+/// A matrix tile as a document has it, whose file is no path of this system: a tile's
+/// first one names the user's folder.
+std::string TileDigits() {
+    MatrixTile tile{};
+    SetMatrixTilePath(&tile, "tiles.mtx");
+    tile.Element = static_cast<std::int32_t>(Draw(100));
+    std::string digits;
+    for (std::size_t i = 0; i < sizeof tile; ++i) {
+        char two[3];
+        std::snprintf(two, sizeof two, "%02X",
+                      unsigned{reinterpret_cast<const std::uint8_t*>(&tile)[i]});
+        digits += two;
+    }
+    return digits;
+}
+
 void SetAll(platform::WindowHandle dialog) {
     for (const platform::WindowHandle control : platform::Children(dialog)) {
         const std::string_view tag = platform::ControlTag(control);
-        const bool is_block = tag == kFountainTag || tag == kMatrixTag || tag == kMaterialTag;
-        if (tag.empty() || is_block) continue;
+        if (tag.empty() || tag == kFountainTag || tag == kMaterialTag) continue;
         const int id = platform::ControlId(control);
         const std::string line =
-            std::string(tag) + std::to_string(id) + "=" + std::to_string(DrawFor(dialog, id, tag));
+            std::string(tag) + std::to_string(id) + "=" +
+            (tag == kMatrixTag ? TileDigits() : std::to_string(DrawFor(dialog, id, tag)));
         platform::SendToWindow(control, LoadControl, 0,
                                reinterpret_cast<std::intptr_t>(line.c_str()));
     }

@@ -140,6 +140,26 @@ TEST_F(MaterialButtonWindow, ClickOnTheFaceOpensTheGradientDialogOverTheMainOne)
     EXPECT_FALSE(was_owner_enabled);
 }
 
+TEST_F(MaterialButtonWindow, ClickOnTheFaceOpensTheTexturesAndTheTilesDialogs) {
+    std::string opened;
+    WithMaterial(
+        [this](WindowHandle, HWND button) {
+            for (const int mode : {2, 3}) {
+                ChooseMode(button, mode);
+                log.clear();
+                Click(button, 30, 20);
+                RunQueue();
+                EXPECT_EQ(WrongPixels(button), 0);
+                EXPECT_EQ(log, std::vector<std::string>{"message 1327"});
+            }
+        },
+        [&](WindowHandle dialog) {
+            const std::string_view number = platform::TemplateOf(dialog);
+            if (number.starts_with("99")) opened.append(number).append(" ");
+        });
+    EXPECT_EQ(opened, "9998 9981 ");
+}
+
 TEST_F(MaterialButtonWindow, PartThatIsPressedIsSunken) {
     WithMaterial([](WindowHandle, HWND button) {
         const auto corner = [button](int x) { return WindowPicture(button).At(x, 0); };

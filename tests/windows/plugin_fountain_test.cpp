@@ -33,30 +33,6 @@ void Mouse(HWND window, UINT message, int x, int y) {
     SendMessageA(window, message, 0, MAKELPARAM(x, y));
 }
 
-/// The thread of a window sees Shift held for a scope.
-class HeldShift {
-public:
-    explicit HeldShift(HWND window) : thread_(GetWindowThreadProcessId(window, nullptr)) {
-        AttachThreadInput(GetCurrentThreadId(), thread_, TRUE);
-        Set(0x80);
-    }
-    HeldShift(const HeldShift&) = delete;
-    HeldShift& operator=(const HeldShift&) = delete;
-    ~HeldShift() {
-        Set(0);
-        AttachThreadInput(GetCurrentThreadId(), thread_, FALSE);
-    }
-
-private:
-    static void Set(BYTE state) {
-        BYTE keys[256] = {};
-        GetKeyboardState(keys);
-        keys[VK_SHIFT] = state;
-        SetKeyboardState(keys);
-    }
-    DWORD thread_;
-};
-
 class PluginFountain : public testing::Test {
 protected:
     /// Opens the dialog with the Fountain style and returns its fountain button.

@@ -63,6 +63,7 @@ bool IsPainted(HWND control) {
 
 TEST(PluginPanels, EachStyleShowsExactlyItsPanelAndItsSample) {
     const UserFolder folder;
+    folder.InstallTiles();
     const Plugin plugin;
     PluginRun run(plugin);
     HWND dialog = run.WaitForMainDialog();

@@ -17,7 +17,32 @@ std::mutex record_lock;
 std::vector<std::int64_t> calls;
 std::string help_target;
 std::int64_t chooser_color = -1;
+int image_side = 0;
+std::uint32_t image_color = 0;
 DWORD dialog_thread = 0;
+
+/// A new picture of one colour at 24 bits in a block of the system's.
+HGLOBAL MakeImage(int side, std::uint32_t color) {
+    const std::size_t stride = (static_cast<std::size_t>(side) * 3 + 3) / 4 * 4;
+    const std::size_t rows = static_cast<std::size_t>(side);
+    HGLOBAL block = GlobalAlloc(GHND, sizeof(BITMAPINFOHEADER) + stride * rows);
+    auto* head = static_cast<BITMAPINFOHEADER*>(GlobalLock(block));
+    head->biSize = sizeof *head;
+    head->biWidth = head->biHeight = side;
+    head->biPlanes = 1;
+    head->biBitCount = 24;
+    auto* pixels = reinterpret_cast<BYTE*>(head + 1);
+    for (std::size_t y = 0; y < rows; ++y) {
+        for (std::size_t x = 0; x < rows; ++x) {
+            BYTE* pixel = pixels + y * stride + 3 * x;
+            pixel[0] = GetBValue(color);
+            pixel[1] = GetGValue(color);
+            pixel[2] = GetRValue(color);
+        }
+    }
+    GlobalUnlock(block);
+    return block;
+}
 
 std::int64_t Answer(TaskRecord*, std::int64_t op, std::int64_t, std::int64_t b) {
     const std::lock_guard guard(record_lock);
@@ -29,6 +54,11 @@ std::int64_t Answer(TaskRecord*, std::int64_t op, std::int64_t, std::int64_t b) 
             reinterpret_cast<ColorDialogRecord*>(address)->Color =
                 static_cast<ColorWord>(chooser_color);
             return 1;
+        case HostOp::ChooseImageFile:
+            lstrcpyA(reinterpret_cast<char*>(address), "chosen.png");
+            return image_side > 0 ? 1 : 0;
+        case HostOp::LoadImageFile:
+            return reinterpret_cast<std::intptr_t>(MakeImage(image_side, image_color));
         case HostOp::ShowHelp:
             help_target = reinterpret_cast<const char*>(address);
             return 1;
@@ -39,6 +69,13 @@ std::int64_t Answer(TaskRecord*, std::int64_t op, std::int64_t, std::int64_t b) 
         default:
             return 1;
     }
+}
+
+void SetShiftKey(BYTE state) {
+    BYTE keys[256] = {};
+    GetKeyboardState(keys);
+    keys[VK_SHIFT] = state;
+    SetKeyboardState(keys);
 }
 
 std::string TitleOf(HWND window) {
@@ -135,12 +172,23 @@ std::string UserFolder::PluginPathOf(const std::string& name) const {
     return PathOf("Quorvenstadtholme\\Tessellomatics 1\\" + name);
 }
 
+void UserFolder::InstallTiles() const {
+    char path[MAX_PATH] = "";
+    GetModuleFileNameA(nullptr, path, sizeof path);
+    const std::filesystem::path programs = std::filesystem::path(path).parent_path();
+    std::filesystem::copy_file(
+        programs.parent_path() / "share" / "tessellomatics" / "groups" / "vorbelx1.mtx",
+        PluginPathOf("vorbelx1.mtx"));
+}
+
 PluginRun::PluginRun(const Plugin& plugin, const HostRecord& host) {
     {
         const std::lock_guard guard(record_lock);
         calls.clear();
         help_target.clear();
         chooser_color = host.chooser_color;
+        image_side = host.image_side;
+        image_color = host.image_color;
     }
     services_.Size = sizeof services_;
     services_.Version = host.version;
@@ -217,6 +265,16 @@ std::vector<std::int64_t> PluginRun::AllCalls() const {
 std::string PluginRun::HelpTarget() const {
     const std::lock_guard guard(record_lock);
     return help_target;
+}
+
+HeldShift::HeldShift(HWND window) : thread_(GetWindowThreadProcessId(window, nullptr)) {
+    AttachThreadInput(GetCurrentThreadId(), thread_, TRUE);
+    SetShiftKey(0x80);
+}
+
+HeldShift::~HeldShift() {
+    SetShiftKey(0);
+    AttachThreadInput(GetCurrentThreadId(), thread_, FALSE);
 }
 
 void Click(HWND dialog, int id) {

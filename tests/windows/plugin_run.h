@@ -41,6 +41,8 @@ public:
     [[nodiscard]] std::string PathOf(const std::string& name) const;
     /// In the folder of the plug-in.
     [[nodiscard]] std::string PluginPathOf(const std::string& name) const;
+    /// Puts the default group of tiles there, as an installation does.
+    void InstallTiles() const;
 
 private:
     std::string path_;
@@ -53,6 +55,8 @@ struct HostRecord {
     std::uint32_t skin_buttons = 0;
     std::uint32_t flags = HostDelayHundredths | HostTrueColor;
     std::int64_t chooser_color = -1;  ///< -1: the user cancels
+    int image_side = 0;               ///< of the square image that is chosen, 0: none is
+    std::uint32_t image_color = 0;
 };
 
 class PluginRun {
@@ -81,6 +85,18 @@ private:
     std::future<int> result_;
     HostServices services_{};
     int returned_ = -1;
+};
+
+/// The thread of a window sees Shift held for a scope.
+class HeldShift {
+public:
+    explicit HeldShift(HWND window);
+    HeldShift(const HeldShift&) = delete;
+    HeldShift& operator=(const HeldShift&) = delete;
+    ~HeldShift();
+
+private:
+    DWORD thread_;
 };
 
 // What a user does to a control of a dialog.

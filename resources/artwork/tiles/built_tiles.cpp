@@ -67,6 +67,7 @@ Color PaintHerringbone(double x, double y) {
 /// Roof tiles in rows, lit from above.
 Color PaintRoof(double x, double y) {
     constexpr double kWidth = 24, kRow = 20;
+    x += kWidth / 4;  // the picture's edge runs through the middle of a tile's half
     const int row = static_cast<int>(std::floor(y / kRow));
     for (int candidate = row + 1; candidate >= row - 1; --candidate) {
         const int upper = 2 * row - candidate;  // the row above lies over the one below

@@ -176,12 +176,12 @@ Color PaintNight(double x, double y) {
     Color sky = Mix(Rgb(0x0A0F24), Rgb(0x2B2A5E), SmoothStep(-0.3, 0.9, haze));
     sky = Mix(sky, Rgb(0x6B4A7E), SmoothStep(0.15, 1.0, haze) * SmoothStep(-0.2, 0.7, dust) * 0.75);
     for (int star = 0; star < 120; ++star) {
-        const double dx = Nearest(x - Hash(star, 0, 171) * kSide, kSide);
-        const double dy = Nearest(y - Hash(star, 1, 171) * kSide, kSide);
+        const double dx = Nearest(x - Hash(star, 0, 173) * kSide, kSide);
+        const double dy = Nearest(y - Hash(star, 1, 173) * kSide, kSide);
         const double distance = std::sqrt(dx * dx + dy * dy);
         if (distance > 9) continue;
         const bool is_large = star < 7;
-        const double size = is_large ? 1.5 : 0.40 + 0.62 * Hash(star, 2, 171);
+        const double size = is_large ? 1.5 : 0.40 + 0.62 * Hash(star, 2, 173);
         double shine = 1 - SmoothStep(size * 0.4, size, distance);
         if (is_large) {
             const double ray =
@@ -190,7 +190,7 @@ Color PaintNight(double x, double y) {
             shine = Clamp(shine + ray * 0.75 + 0.25 * (1 - SmoothStep(0, 6, distance)), 0, 1);
         }
         constexpr Color kHues[] = {Rgb(0xFFFFFF), Rgb(0xCFE0FF), Rgb(0xFFE9C4)};
-        sky = Mix(sky, kHues[star % 3], shine * (0.55 + 0.45 * Hash(star, 3, 171)));
+        sky = Mix(sky, kHues[star % 3], shine * (0.55 + 0.45 * Hash(star, 3, 173)));
     }
     return sky;
 }

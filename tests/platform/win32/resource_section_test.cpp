@@ -50,7 +50,7 @@ void ExpectSame(HWND dialog, HWND control, const TemplateControl& expected) {
     // What controls do themselves is theirs: a border becomes an edge, a scroll bar
     // moves into the list, a list's height snaps to its lines, and an up-down has a
     // least width.
-    constexpr DWORD kIgnored = WS_BORDER | WS_VSCROLL;
+    constexpr DWORD kIgnored = WS_BORDER | WS_VSCROLL | WS_HSCROLL;
     EXPECT_EQ(ToldStyle(control) & ~kIgnored, expected.style & ~kIgnored) << expected.id;
     if (window_class == "COMBOBOX" || window_class == "LISTBOX") return;
     RECT box = {expected.x, expected.y, expected.x + expected.width, expected.y + expected.height};
