@@ -5,11 +5,11 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
     using namespace tess;
-    constexpr int kWidth = 181, kHeight = 3;
+    constexpr int kStripWidth = 181, kWidth = 24, kHeight = 2;
     Fountain fountain;
     if (ReadFountainFile(fuzz::FileOf(bytes, count), &fountain) == 0) return 0;
     std::int32_t positions[kFountainMarkers];
-    FountainMarkerPixels(fountain, kWidth, positions);
+    FountainMarkerPixels(fountain, kStripWidth, positions);
     fuzz::UsePicture(RenderFountainImage(fountain, kWidth, kHeight));
     fuzz::UsePicture(RenderFountainImage(fountain, 1, 1));
     fuzz::ExpectNoBlocks();

@@ -1,9 +1,9 @@
 // gif_frames FILE: writes what giflib reads of a GIF to standard output, for tests that
 // compare it: for each frame its delay, four bytes with the lowest first, then the
 // picture that a viewer sees, rows from the top, red, green, blue.
-#include "host/gif_player.h"
-
 #include <cstdio>
+
+#include "host/gif_player.h"
 
 namespace {
 
