@@ -8,11 +8,12 @@ namespace {
 
 using namespace tess;
 
-// What takes long is bounded: a fractal's mesh, and craters by the thousand.
+// What takes long is bounded: a fractal's mesh, and craters, of which a negative count,
+// tenfold, can be a million.
 void BoundTexture(TextureItem* item) {
     constexpr std::int32_t kLargestMesh = 16, kMostCraters = 4;
     item->MatrixSize = std::min(std::int32_t{item->MatrixSize}, kLargestMesh);
-    item->CreaterCount = std::min(std::int32_t{item->CreaterCount}, kMostCraters);
+    item->CreaterCount = std::clamp(std::int32_t{item->CreaterCount}, 0, kMostCraters);
 }
 
 }  // namespace
