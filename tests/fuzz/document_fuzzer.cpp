@@ -61,9 +61,9 @@ void WorkOnFountain(WindowHandle button) {
                     offsetof(Fountain, Selected) - offsetof(Fountain, Count)) == 0)
         return;
     platform::SendToWindow(button, AddFountainMarker, 77, 0);
-    Mouse(button, platform::kMessageLeftButtonDown, 60);
-    Mouse(button, platform::kMessageMouseMove, 140);
-    Mouse(button, platform::kMessageLeftButtonUp, 140);
+    Mouse(button, platform::kMessageLeftButtonDown, 15);
+    Mouse(button, platform::kMessageMouseMove, 30);
+    Mouse(button, platform::kMessageLeftButtonUp, 30);
     platform::SendToWindow(button, DeleteFountainMarker, 0, 0);
 }
 
@@ -87,14 +87,30 @@ void ReadInput(WindowHandle dialog, std::string_view input) {
     WorkOnFountain(platform::Control(dialog, kFountainButton));
 }
 
-std::intptr_t Handle(WindowHandle dialog, std::uint32_t message, std::uintptr_t, std::intptr_t l) {
-    if (message != platform::kMessageOpen) return 0;
+void MakePanel(int style, WindowHandle dialog) {
     StyleContext context{};
     context.Dialog = dialog;
-    for (const int style : {kBubbles, kFountain, kMural})
-        fuzz::Expect(PanelInit(*StyleTable[style], &context) == 1, "the panel is made");
-    platform::SetControlSize(dialog, kMaterialButton, 40, 20);
+    fuzz::Expect(PanelInit(*StyleTable[style], &context) == 1, "the panel is made");
+}
+
+/// Most of the time goes into what is drawn, so little is.
+void MakeControls(WindowHandle dialog) {
+    constexpr std::size_t kNoPicture = 1024;                     // only a fountain's record
+    constexpr std::size_t kLittleMemory = std::size_t{4} << 20;  // for no large mesh
+    platform::SetMemoryLimit(kNoPicture);
+    MakePanel(kFountain, dialog);
+    platform::SetMemoryLimit(kLittleMemory);
+    MakePanel(kBubbles, dialog);
+    MakePanel(kMural, dialog);
+    platform::SetControlSize(dialog, kMaterialButton, 24, 10);
     BindMaterialButton(dialog, kMaterialButton, 0x4080C0);
+    platform::SetControlSize(dialog, kTileButton, 12, 9);
+    platform::SetControlSize(dialog, kFountainButton, 40, 20);
+}
+
+std::intptr_t Handle(WindowHandle dialog, std::uint32_t message, std::uintptr_t, std::intptr_t l) {
+    if (message != platform::kMessageOpen) return 0;
+    MakeControls(dialog);
     ReadInput(dialog, *reinterpret_cast<const std::string_view*>(l));
     return 1;
 }
@@ -116,8 +132,6 @@ void Close(WindowHandle dialog, void*) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
-    constexpr std::size_t kLittleMemory = std::size_t{4} << 20;  // for no large mesh
-    platform::SetMemoryLimit(kLittleMemory);
     platform::SetUserFolder("/nonexistent");
     static const HostServices services{
         sizeof(HostServices), kHostVersion, 0, 0, AnswerHost, 0, HostDelayHundredths, 0};
