@@ -26,21 +26,11 @@ protected:
         Set(dialog, kMesh, 4);
         Set(dialog, kSeed, 700);
         Set(dialog, kFrames, 2);
-        const LockedFountain fountain = LockFountain(platform::Control(dialog, kButton));
-        InitFountain(fountain, FountainPreset::Plain);
-        fountain->Start = 0x000000;
-        fountain->End = 0x0000FF;
-        fountain->Count = 1;
-        fountain->Markers[0] = MakeMarker(128, 0x00FF00);
+        UseCountingFountain(dialog, kButton);
     }
     /// The heights of the sample, told by the counting fountain of Shrink.
     static std::vector<int> HeightsOf(WindowHandle dialog) {
-        const auto strip = StripOf(dialog, kButton);
-        std::vector<int> heights;
-        for (const ColorWord pixel : TakePixels(RenderTest(Subject(), dialog)))
-            heights.push_back(
-                static_cast<int>(std::find(strip.begin(), strip.end(), pixel) - strip.begin()));
-        return heights;
+        return FountainStyleTest::HeightsOf(Subject(), dialog, kButton);
     }
     /// The sum of the steps between neighbours in a row.
     static int Roughness(const std::vector<int>& heights) {

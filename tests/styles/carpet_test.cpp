@@ -28,24 +28,8 @@ protected:
         Set(dialog, kSeed, 700);
         Set(dialog, kFrames, 2);
     }
-    /// Makes the button's strip count: 256 colours, all different, so that a pixel
-    /// tells its height.
-    static void UseCountingFountain(WindowHandle dialog) {
-        const LockedFountain fountain = LockFountain(platform::Control(dialog, kButton));
-        InitFountain(fountain, FountainPreset::Plain);
-        fountain->Start = 0x000000;
-        fountain->End = 0x0000FF;
-        fountain->Count = 1;
-        fountain->Markers[0] = MakeMarker(128, 0x00FF00);
-    }
-    /// The heights of the sample, top row first.
     static std::vector<int> HeightsOf(WindowHandle dialog) {
-        const auto strip = StripOf(dialog, kButton);
-        std::vector<int> heights;
-        for (const ColorWord pixel : TakePixels(RenderTest(Subject(), dialog)))
-            heights.push_back(
-                static_cast<int>(std::find(strip.begin(), strip.end(), pixel) - strip.begin()));
-        return heights;
+        return FountainStyleTest::HeightsOf(Subject(), dialog, kButton);
     }
 };
 
@@ -64,7 +48,7 @@ TEST_F(CarpetTest, HeightsAreStretchedThoughAnEighthOfFewLayersIsLow) {
     // Two layers give 63 at most before. The mean of neighbours takes the extremes off.
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        UseCountingFountain(dialog);
+        UseCountingFountain(dialog, kButton);
         for (const int layers : {1, 2, 7}) {
             Set(dialog, kLayers, layers);
             const auto heights = HeightsOf(dialog);
@@ -79,7 +63,7 @@ TEST_F(CarpetTest, HeightsAreStretchedThoughAnEighthOfFewLayersIsLow) {
 TEST_F(CarpetTest, FieldIsMirroredAtAQuarterOfTheTile) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        UseCountingFountain(dialog);
+        UseCountingFountain(dialog, kButton);
         const auto heights = HeightsOf(dialog);
         // Nearer to the tile's edge the scaler's kernel is cut on one side alone.
         for (std::size_t y = 0; y < 32; ++y) {
@@ -95,7 +79,7 @@ TEST_F(CarpetTest, FieldIsMirroredAtAQuarterOfTheTile) {
 TEST_F(CarpetTest, NeighboursAcrossTheSeamAreAsNearAsOthers) {
     InDialog([](WindowHandle dialog) {
         Set(dialog, kSize, 96);
-        UseCountingFountain(dialog);
+        UseCountingFountain(dialog, kButton);
         const auto heights = HeightsOf(dialog);
         const auto at = [&heights](int x, int y) {
             return heights[static_cast<std::size_t>(y * 96 + x)];
@@ -138,7 +122,7 @@ TEST_F(CarpetTest, FramesBeyond256RepeatAndTwoAreHalfARing) {
 TEST_F(CarpetTest, FrameIsTheHeightsInTheTurnedRing) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        UseCountingFountain(dialog);
+        UseCountingFountain(dialog, kButton);
         const auto strip = StripOf(dialog, kButton);
         const auto heights = HeightsOf(dialog);
         const auto frames = TakeFramePixels(RenderBuild(Subject(), dialog));
@@ -150,7 +134,7 @@ TEST_F(CarpetTest, FrameIsTheHeightsInTheTurnedRing) {
 TEST_F(CarpetTest, HeightsDoNotDependOnTheFountain) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        UseCountingFountain(dialog);
+        UseCountingFountain(dialog, kButton);
         const auto heights = HeightsOf(dialog);
         {
             const LockedFountain fountain = LockFountain(platform::Control(dialog, kButton));

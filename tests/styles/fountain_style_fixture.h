@@ -1,6 +1,8 @@
 // A test of a style that draws in the colours of a fountain button.
 #pragma once
 
+#include <algorithm>
+
 #include "fills/fountain_control.h"
 #include "shell/control_contract.h"
 #include "tests/styles/style_fixture.h"
@@ -19,6 +21,34 @@ protected:
         Fountain fountain{};
         EXPECT_EQ(ReadFountainButton(platform::Control(dialog, control), &fountain), 1);
         return fountain;
+    }
+
+    /// Gives the button a run from `start` to `end` with one marker in its middle.
+    static void SetFountain(platform::WindowHandle dialog, int control, ColorWord start,
+                            ColorWord middle, ColorWord end) {
+        const LockedFountain fountain = LockFountain(platform::Control(dialog, control));
+        const ImageHandle preview = fountain->Preview;  // the button's own, still to be freed
+        InitFountain(fountain, FountainPreset::Plain);
+        fountain->Preview = preview;
+        fountain->Start = start;
+        fountain->End = end;
+        fountain->Count = 1;
+        fountain->Markers[0] = MakeMarker(128, middle);
+    }
+    /// Makes the button's strip count: 256 colours, all different, so that a pixel tells
+    /// its height.
+    static void UseCountingFountain(platform::WindowHandle dialog, int control) {
+        SetFountain(dialog, control, 0x000000, 0x00FF00, 0x0000FF);
+    }
+    /// The heights of the style's sample, top row first, told by the counting fountain.
+    static std::vector<int> HeightsOf(const StyleEntry& style, platform::WindowHandle dialog,
+                                      int control) {
+        const auto strip = StripOf(dialog, control);
+        std::vector<int> heights;
+        for (const ColorWord pixel : TakePixels(RenderTest(style, dialog)))
+            heights.push_back(
+                static_cast<int>(std::find(strip.begin(), strip.end(), pixel) - strip.begin()));
+        return heights;
     }
 
     /// The pixels of the button's strip of 256 colours.

@@ -67,11 +67,7 @@ TEST_F(ShapedFountainTest, NoSelectionIsACircle) {
 TEST_F(ShapedFountainTest, SizeSixteenReadsEveryEighthColor) {
     InDialog([](WindowHandle dialog) {
         // A fountain in which no colour stands twice, as red with its place in it.
-        {
-            const LockedFountain fountain = LockFountain(platform::Control(dialog, kButton));
-            InitFountain(fountain, FountainPreset::Plain);
-            fountain->End = 0x0000FF;
-        }
+        SetFountain(dialog, kButton, 0x000000, 0x000080, 0x0000FF);
         const auto strip = StripOf(dialog, kButton);
         Set(dialog, kSize, 16);
         platform::SetSelection(dialog, kShape, 2);
