@@ -8,6 +8,7 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 
 option(TESSELLOMATICS_SANITIZE "Build with AddressSanitizer and UBSan" OFF)
+option(TESSELLOMATICS_FUZZ "Build the fuzzers of tests/fuzz/ and no other test; wants clang++" OFF)
 option(TESSELLOMATICS_BENCHMARKS "Build the benchmarks" OFF)
 
 if(NOT CMAKE_BUILD_TYPE)
@@ -30,6 +31,12 @@ target_compile_options(build_settings INTERFACE
 if(TESSELLOMATICS_SANITIZE)
   set(sanitizer_options -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(build_settings INTERFACE -fsanitize=address,undefined)
+endif()
+# What reads is watched for the ways that it takes, too. Drawing is not: it would take
+# most of a fuzzer's time, and tell nothing of a reader.
+if(TESSELLOMATICS_FUZZ)
+  set(coverage_options -fsanitize=fuzzer-no-link)
+  set(folders_that_draw raster runtime toolkit)
 endif()
 
 if(WIN32)

@@ -171,9 +171,12 @@ ImageHandle RenderCraterTexture(const TextureItem& item) {
     ElevationMap map(size.Width, size.Height);
     if (!map) return nullptr;
     SeedGaussian(item.SeedValue[0]);
-    // Only a damaged record has a count whose tenfold is beyond 32 bits; it wraps.
-    const auto count = static_cast<std::uint32_t>(std::int32_t{item.CreaterCount}) * 10u;
-    CraterField(map, static_cast<std::int32_t>(count), double{item.CreaterDepth});
+    // Only a damaged record has a count whose tenfold is beyond 32 bits; it wraps. One that
+    // is far beyond the dialog's 100000 craters would take hours, and is held.
+    constexpr std::int32_t kMostCraters = 1000000;
+    const auto tenfold = static_cast<std::uint32_t>(std::int32_t{item.CreaterCount}) * 10u;
+    const auto count = std::min(static_cast<std::int32_t>(tenfold), kMostCraters);
+    CraterField(map, count, double{item.CreaterDepth});
     Shade(image, map, item.ForeColour[0]);
     return picture.Release();
 }

@@ -27,11 +27,13 @@ double PhaseOfDraw(int draw) {
 }
 
 /// The transform's size for a record's matrix size: that or the next power of two, 2 at
-/// least. 0 beyond the last one, where doubling would never end.
+/// least. 0 beyond what anybody can mean: only a damaged record asks for more than the
+/// dialog's 1024, and each doubling takes four times the time and memory, up to many
+/// gigabytes, until past the last power of two it would never end.
 int MeshOf(int matrix_size) {
-    constexpr int kLastPower = 1 << 30;
+    constexpr int kLargestMesh = 4096;
     if (matrix_size == 1) return 1;
-    if (matrix_size > kLastPower) return 0;
+    if (matrix_size > kLargestMesh) return 0;
     return static_cast<int>(std::bit_ceil(static_cast<unsigned>(std::max(matrix_size, 2))));
 }
 

@@ -61,6 +61,15 @@ TEST(CraterTexture, CountWhoseTenfoldIsBeyond32BitsWraps) {
     EXPECT_NE(wrapped, Render(item));
 }
 
+// A damaged count of two thousand million craters once kept the program busy for hours.
+TEST(CraterTexture, CountIsHeldAtAMillion) {
+    TextureItem item = DefaultTexture(4, 6, 6);
+    item.CreaterCount = 214748364;
+    const auto held = Render(item);
+    item.CreaterCount = 100000;
+    EXPECT_EQ(held, Render(item));
+}
+
 TEST(CraterTexture, SteepestSlopesAreAlmostClearAndSolid) {
     // Deep craters have walls of more than 52 a cell.
     TextureItem item = DefaultTexture(4, 100, 100);
