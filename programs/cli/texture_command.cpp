@@ -33,7 +33,7 @@ const char* KindOf(const TextureItem& item) {
 // What an item's kind promises: a tile at any size, one on even squares, or none.
 const char* TilesText(const TextureItem& item) {
     if (TextureTiles(item.TextureType, 2, 1)) return "any size";
-    return TextureTiles(item.TextureType, 2, 2) ? "even squares" : "no";
+    return TextureTiles(item.TextureType, 2, 2) ? "even squares" : "no size";
 }
 
 void WriteItem(JsonWriter& json, const NamedTexture& texture) {
@@ -122,10 +122,9 @@ void PrintSteps(const char* sides, const SeamSteps& steps) {
 void Tell(const NamedTexture& texture, const PackedDib* image) {
     const PictureSeams seams = MeasureSeams(image);
     const bool tiles = TextureTiles(texture.item.TextureType, image->Width, image->Height);
-    std::printf("%s: %s, tiles at %s\n", texture.name.c_str(), KindOf(texture.item),
-                TilesText(texture.item));
-    std::printf("at %d x %d it %s by its kind\n", image->Width, image->Height,
-                tiles ? "tiles" : "does not tile");
+    std::printf("%s: %s\n", texture.name.c_str(), KindOf(texture.item));
+    std::printf("at %d x %d it %s by its kind, which tiles at %s\n", image->Width, image->Height,
+                tiles ? "tiles" : "does not tile", TilesText(texture.item));
     PrintSteps("left and right", seams.Columns);
     PrintSteps("top and bottom", seams.Rows);
 }

@@ -37,7 +37,7 @@ protected:
 TEST_F(TextureCommand, ListsTheProvidedGroup) {
     const ProgramRun run = Run("texture");
     EXPECT_EQ(run.status, 0) << run.errors;
-    EXPECT_NE(run.output.find("Moon                         Craters          no\n"),
+    EXPECT_NE(run.output.find("Moon                         Craters          no size\n"),
               std::string::npos)
         << run.output;
     EXPECT_EQ(Run("texture vorbelx1").output, run.output);
