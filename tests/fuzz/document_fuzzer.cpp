@@ -75,10 +75,10 @@ void DrawRecords(WindowHandle dialog) {
 void ReadInput(WindowHandle dialog, std::string_view input) {
     // Writing all lines and reading them takes longer than most inputs.
     constexpr std::size_t kSeldom = 8;
-    const int is_document = ReadDocumentText(dialog, input);
+    static_cast<void>(ReadDocumentText(dialog, input));
     const std::string whole = kHeader + std::string(input);
     fuzz::Expect(ReadDocumentText(dialog, whole) == 1, "a document with its header is read");
-    if (is_document == 0 || input.size() % kSeldom == 0) {
+    if (input.size() % kSeldom == 0) {
         const std::string written = Written(dialog);
         fuzz::Expect(ReadDocumentText(dialog, written) == 1, "what was written is a document");
         fuzz::Expect(Written(dialog) == written, "what was written reads back");
