@@ -11,6 +11,7 @@ option(TESSELLOMATICS_WARNINGS_ARE_ERRORS "Stop at a warning, as the presets do;
 option(TESSELLOMATICS_SANITIZE "Build with AddressSanitizer and UBSan" OFF)
 option(TESSELLOMATICS_FUZZ "Build the fuzzers of tests/fuzz/ and no other test; wants clang++" OFF)
 option(TESSELLOMATICS_BENCHMARKS "Build the benchmarks" OFF)
+option(TESSELLOMATICS_COVERAGE "Count the lines that run, for tools/coverage" OFF)
 
 if(NOT CMAKE_BUILD_TYPE)
   set(CMAKE_BUILD_TYPE Release CACHE STRING "" FORCE)
@@ -39,6 +40,11 @@ endif()
 if(TESSELLOMATICS_FUZZ)
   set(coverage_options -fsanitize=fuzzer-no-link)
   set(folders_that_draw raster runtime toolkit)
+endif()
+
+if(TESSELLOMATICS_COVERAGE)
+  set(counting_options --coverage -fprofile-update=atomic)
+  target_link_options(build_settings INTERFACE --coverage)
 endif()
 
 if(WIN32)
