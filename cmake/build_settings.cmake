@@ -50,6 +50,9 @@ endif()
 if(WIN32)
   target_compile_definitions(build_settings INTERFACE
     WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601)
+  # MinGW's g++ takes an inline function for its own source's copy, and trusts the registers
+  # that this one leaves alone; the linker may keep another source's, compiled otherwise.
+  target_compile_options(build_settings INTERFACE -fno-ipa-ra)
   # The runtime is linked statically: the library imports system DLLs alone.
   target_link_options(build_settings INTERFACE -static)
   # No time of the linking.
