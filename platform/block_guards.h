@@ -69,12 +69,14 @@ class WorkArray {
 
 public:
     WorkArray() = default;
+    // A record may be a pointer: NOLINTBEGIN(bugprone-sizeof-expression)
     explicit WorkArray(std::size_t count)
         : block_(count > std::numeric_limits<std::size_t>::max() / sizeof(T)
                      ? nullptr
                      : AllocateBlock(count * sizeof(T))),
           data_(static_cast<T*>(LockBlock(block_.Get()))),
           size_(data_ != nullptr ? count : 0) {}
+    // NOLINTEND(bugprone-sizeof-expression)
     WorkArray(WorkArray&& other) noexcept
         : block_(std::move(other.block_)),
           data_(std::exchange(other.data_, nullptr)),

@@ -17,7 +17,8 @@ public:
     RunFonts();
     RunFonts(const RunFonts&) = delete;
     RunFonts& operator=(const RunFonts&) = delete;
-    ~RunFonts();
+    // Windows deletes the fonts here.
+    ~RunFonts();  // NOLINT(performance-trivially-destructible)
 
     static constexpr int kCount = 3;
     /// A font of the system, null natively and when it could not be made.

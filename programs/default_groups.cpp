@@ -18,7 +18,7 @@ bool HasGroups(const std::string& folder) {
 }  // namespace
 
 std::string ProvidedGroupFolder() {
-    const std::string own = platform::ModuleFolder() + "groups/";
+    std::string own = platform::ModuleFolder() + "groups/";
     if (HasGroups(own)) return own;
     return platform::ModuleFolder() + "../share/tessellomatics/groups/";
 }

@@ -56,12 +56,14 @@ void BlendBytes(std::uint8_t* __restrict target, const std::uint8_t* __restrict 
     }
 }
 
-/// Scales `count` weights by opacity / 255, cut.
+/// Scales `count` weights by opacity / 255, cut. LoadMask has written them, which the
+/// analyzer cannot follow.
 void ScaleWeights(std::uint8_t* weights, int count, int opacity) {
     const auto factor = static_cast<std::uint16_t>(opacity);
     for (int i = 0; i < count; ++i) {
-        weights[i] =
-            static_cast<std::uint8_t>(static_cast<std::uint16_t>(weights[i] * factor) / 255);
+        // NOLINTNEXTLINE(clang-analyzer-core.UndefinedBinaryOperatorResult)
+        const auto scaled = static_cast<std::uint16_t>(weights[i] * factor);
+        weights[i] = static_cast<std::uint8_t>(scaled / 255);
     }
 }
 

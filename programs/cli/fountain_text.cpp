@@ -42,7 +42,7 @@ std::string ReadStops(std::string_view text, std::vector<ColorStop>* stops) {
         const std::size_t comma = text.find(',');
         is_last = comma == std::string_view::npos;
         ColorStop stop;
-        const std::string error = ReadStop(text.substr(0, comma), &stop);
+        std::string error = ReadStop(text.substr(0, comma), &stop);
         if (!error.empty()) return error;
         stops->push_back(stop);
         if (!is_last) text.remove_prefix(comma + 1);

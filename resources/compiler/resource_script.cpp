@@ -64,7 +64,7 @@ std::string UpperCase(std::string text) {
 
 /// The system's own classes are written in capitals, others as they are.
 std::string ClassName(const std::string& name) {
-    const std::string upper = UpperCase(name);
+    std::string upper = UpperCase(name);
     for (const char* known : {"BUTTON", "EDIT", "STATIC", "COMBOBOX", "LISTBOX", "SCROLLBAR"}) {
         if (upper == known) return upper;
     }
