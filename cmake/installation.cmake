@@ -2,8 +2,7 @@
 # packages for both systems.
 #
 # The default groups are those of resources/groups/ and those that the target
-# default_groups makes, in TESSELLOMATICS_GROUPS.
-set(TESSELLOMATICS_GROUPS ${PROJECT_BINARY_DIR}/share/tessellomatics/groups CACHE PATH "folder of the groups made by a build")
+# default_groups makes.
 
 file(GLOB help_pictures CONFIGURE_DEPENDS resources/help/pictures/*)
 set(help_page ${PROJECT_BINARY_DIR}/pages/VORBELx1.HTML)
@@ -18,10 +17,8 @@ add_custom_target(help_page ALL DEPENDS ${help_page})
 
 # install_groups(FOLDER) installs the default groups.
 function(install_groups folder)
-  file(GLOB groups CONFIGURE_DEPENDS resources/groups/*.fft)
-  install(FILES ${groups} DESTINATION ${folder})
-  install(DIRECTORY ${TESSELLOMATICS_GROUPS}/ DESTINATION ${folder} OPTIONAL
-    FILES_MATCHING PATTERN "*.mtx")
+  install(FILES ${PROJECT_SOURCE_DIR}/resources/groups/vorbelx1.fft
+    ${PROJECT_BINARY_DIR}/share/tessellomatics/groups/vorbelx1.mtx DESTINATION ${folder})
 endfunction()
 
 if(WIN32)
