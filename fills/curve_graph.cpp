@@ -49,8 +49,6 @@ void MoveHandle(WindowHandle control, int point, float value) {
     RepaintCurves(control);
 }
 
-// --- The mouse
-
 struct MouseAt {
     CurveBox area;
     int x, y;
@@ -98,8 +96,6 @@ void ChooseHandleColor(WindowHandle control, const MouseAt& mouse) {
     }
     RepaintCurves(control);
 }
-
-// --- The picture
 
 /// A point of a curve, in the pixels of the large picture.
 struct Place {

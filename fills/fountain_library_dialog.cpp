@@ -19,8 +19,6 @@ using platform::WindowHandle;
 
 constexpr int kOkButton = 1;
 
-// --- Entries
-
 void FreeEntry(MemoryHandle entry) {
     const OwnedBlock owner(entry);
     if (const LockedFountain fountain(entry); fountain) platform::FreeBlock(fountain->Preview);
@@ -76,8 +74,6 @@ void MoveEntry(WindowHandle dialog, int index, int target) {
     EnableDelete(dialog);
 }
 
-// --- Dragging. The list's user data is the index of the dragged entry, plus 1.
-
 int DraggedEntry(WindowHandle list) {
     return static_cast<int>(reinterpret_cast<std::intptr_t>(platform::UserData(list))) - 1;
 }
@@ -113,8 +109,6 @@ void Drop(WindowHandle list, int index, std::intptr_t place) {
     const int target = ItemUnder(list, place);
     if (target >= 0 && target != index) MoveEntry(platform::ParentDialog(list), index, target);
 }
-
-// --- The dialog
 
 void Open(WindowHandle dialog, Fountain* colors) {
     constexpr int kEntryWidth = 170;

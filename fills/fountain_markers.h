@@ -36,8 +36,6 @@ struct FountainTriangle {
 void MarkerColumns(const Fountain& fountain, platform::PixelSize client,
                    std::int32_t (&columns)[kFountainMarkers]);
 
-// --- What lies under the mouse
-
 enum class FountainPart { None, StartHandle, EndHandle, Marker, Track, Strip };
 
 struct FountainHit {
@@ -58,8 +56,6 @@ struct FountainHit {
 [[nodiscard]] int DropPosition(platform::PixelSize client, int x);
 /// Where the outline of a dragged marker stands: held to the strip.
 [[nodiscard]] int OutlineColumn(platform::PixelSize client, int x);
-
-// --- Markers and their positions
 
 /// Below 0 where `a` stands before `b`, above 0 where behind. An empty slot stands behind
 /// all others.

@@ -155,8 +155,6 @@ private:
     float span_, step_;
 };
 
-// --- Conical
-
 constexpr int kLevels = 256;
 
 /// The angle of a pixel round a sweep's centre in degrees, 0 to 360.
@@ -179,8 +177,6 @@ int SweepLevel(float angle, int spin) {
     if (turned > 180.0F) turned = 360.0F - turned;
     return std::clamp(static_cast<int>(turned / 180.0 * kLevels), 0, kLevels);
 }
-
-// --- Elliptical and rectangular
 
 using BoxShape = void (*)(raster::DrawingContext& context, int left, int top, int right,
                           int bottom);

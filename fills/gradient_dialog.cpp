@@ -43,8 +43,6 @@ void RepaintPreview(WindowHandle dialog) {
     platform::UpdateWindow(platform::Control(dialog, kGradientPreview));
 }
 
-// --- Opening
-
 void OpenSpinner(WindowHandle dialog, int id, int value) {
     SpinnerRange range{};
     if (ReadSpinnerRange(platform::ControlText(dialog, id + kCompanionOffset), &range) >= 2) {
@@ -115,8 +113,6 @@ void Open(WindowHandle dialog, Gradient* gradient) {
     EnableControls(dialog);
     platform::CenterOnScreen(dialog);
 }
-
-// --- Changes
 
 void ChangeType(WindowHandle dialog, int button) {
     edited->Type = SampleType(button);
@@ -256,8 +252,6 @@ std::intptr_t GradientBoxProc(WindowHandle dialog, std::uint32_t message, std::u
             return 0;
     }
 }
-
-// --- The slider
 
 constexpr std::uintptr_t kPressedLately = 1;  // a bit of the slider's user data
 

@@ -63,8 +63,6 @@ void RenderAndMeasurePreview(WindowHandle control, Material* material) {
     material->AverageColor = AverageImageColour(material->Preview);
 }
 
-// --- Opening and closing
-
 void Initialize(WindowHandle control, ColorWord color) {
     const MaterialHandle record =
         LoadMaterial(MaterialFileName(control), color, platform::IsShiftHeld() ? 0 : 1);
@@ -84,8 +82,6 @@ void Destroy(WindowHandle control) {
     SaveMaterial(RecordOf(control), MaterialFileName(control));
     ReplaceRecord(control, nullptr);
 }
-
-// --- Documents
 
 std::intptr_t Save(WindowHandle control, std::FILE* stream) {
     const LockedMaterial material = LockMaterial(control);
@@ -118,8 +114,6 @@ std::intptr_t Load(WindowHandle control, const char* line) {
     Repaint(control);
     return 1;
 }
-
-// --- Editing
 
 int EditSimple(WindowHandle control) {
     ColorWord color = LockMaterial(control)->SimpleColor;
@@ -199,8 +193,6 @@ void OnCommand(WindowHandle control, int id) {
     const int mode = id - kFirstMaterialMode;
     if (mode >= 0 && mode < kMaterialModes) ChangeMode(control, mode);
 }
-
-// --- The mouse
 
 void Press(WindowHandle control, int x) {
     const LockedMaterial material = LockMaterial(control);

@@ -205,8 +205,6 @@ void DeleteElement(WindowHandle dialog) {
     SelectElement(dialog, index < platform::ItemCount(dialog, kMatrixElementList) ? index : -1);
 }
 
-// --- The dialog
-
 void Open(WindowHandle dialog) {
     for (const int button : {kOk, kCancel, kHelp, kAdd, kDelete})
         SkinButton(dialog, button);

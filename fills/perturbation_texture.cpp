@@ -21,8 +21,6 @@ namespace {
 constexpr double kAlmostNothing = 1.1920929e-7;
 constexpr int kColors = 256;
 
-// --- Colours
-
 /// A smooth curve through four points at 0, 1/3, 2/3 and 1 (E. Catmull and R. Rom, "A
 /// Class of Local Interpolating Splines", 1974), with a point more at either end.
 class Curve {
@@ -74,8 +72,6 @@ ColorTable MakeColorTable(const TextureItem& item) {
     }
     return colors;
 }
-
-// --- Noise
 
 /// How many octaves there are: whole ones, and perhaps a part of one more.
 struct Octaves {
@@ -129,8 +125,6 @@ double SumOctaves(const Octaves& octaves, const LatticePlaces& x, const LatticeP
     return sum;
 }
 
-// --- Bubbles
-
 /// What a cell becomes under a bubble, `distance` from its centre; both squared.
 float UnderBubble(float cell, BubbleShape shape, double distance, double radius) {
     const double old = cell;
@@ -176,8 +170,6 @@ BubbleCells BubbleMap(const TextureItem& item, const TextureSize& size, int coun
     }
     return map;
 }
-
-// --- The picture
 
 /// What a render works with.
 struct Painter {

@@ -70,8 +70,6 @@ bool MayChange(WindowHandle dialog, const char* refusal) {
     return is_writeable;
 }
 
-// --- Groups
-
 /// Reads the current group into the list, which is empty when that fails: textures of
 /// another group must not stay for OK to write them over this one.
 void LoadGroup(WindowHandle dialog) {
@@ -96,8 +94,6 @@ void DeleteTextureGroup(WindowHandle dialog) {
     is_writeable = false;
     LoadGroup(dialog);
 }
-
-// --- Textures
 
 void AddCurrentTexture(WindowHandle dialog) {
     if (!MayChange(dialog, kNotWriteable)) return;
@@ -136,8 +132,6 @@ void TakeSelectedTexture(WindowHandle dialog) {
     FillTextureControls(dialog, *edited);
     RedrawPreview(dialog);
 }
-
-// --- The dialog
 
 void Open(WindowHandle dialog) {
     for (const int button :

@@ -74,8 +74,6 @@ using DialogProcedure = std::intptr_t (*)(WindowHandle dialog, std::uint32_t mes
 using ControlProcedure = std::intptr_t (*)(WindowHandle control, std::uint32_t message,
                                            std::uintptr_t w, std::intptr_t l);
 
-// --- Dialogs
-
 /// Runs the DIALOG resource `dialog_template` modally. Returns what EndDialog was
 /// given, or -1 when it could not be made.
 std::intptr_t RunDialog(int dialog_template, WindowHandle owner, DialogProcedure procedure,
@@ -168,8 +166,6 @@ void SetControlSize(WindowHandle dialog, int id, int width, int height);
 [[nodiscard]] PixelSize ClientSize(WindowHandle control);
 void RepaintControl(WindowHandle dialog, int id);
 
-// --- The mouse and the clock
-
 /// Gives a control all messages of the mouse until ReleaseMouse.
 void CaptureMouse(WindowHandle control);
 void ReleaseMouse();
@@ -183,8 +179,6 @@ void StopTimer(WindowHandle window, int timer);
 /// How many milliseconds two presses of a double click may lie apart: the user's
 /// choice, natively the system's usual one.
 [[nodiscard]] int DoubleClickTime();
-
-// --- What a control carries
 
 /// Puts `procedure` before the control's own, with a class tag that
 /// ControlTag then returns; replaces what was installed before. The procedure
@@ -202,8 +196,6 @@ std::intptr_t CallOriginal(WindowHandle control, std::uint32_t message, std::uin
 /// The control's user-data slot, null at first.
 void SetUserData(WindowHandle control, void* data);
 [[nodiscard]] void* UserData(WindowHandle control);
-
-// --- Pointer shape
 
 /// Shows the wait pointer for a scope.
 class WaitCursor {

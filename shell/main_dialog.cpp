@@ -49,8 +49,6 @@ bool HostHas(std::uint32_t flag) {
     return (CurrentHost->HostFlags & flag) != 0;
 }
 
-// --- Opening
-
 void ForbidCheckBox(WindowHandle dialog, int id) {
     platform::SetChecked(dialog, id, false);
     platform::EnableControl(dialog, id, false);
@@ -161,8 +159,6 @@ void OpenMainDialog(WindowHandle dialog, const HostServices* services) {
     platform::CenterOnScreen(dialog);
     platform::PostToWindow(dialog, ShowStyle, 0, 0);
 }
-
-// --- Commands
 
 /// Tells the host of a pressed button and lets it be seen released before the work
 /// that was posted begins.

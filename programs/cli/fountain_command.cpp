@@ -90,8 +90,6 @@ int ReadFountain(const Request& request, const std::string& text, Fountain* foun
     return Fail(ShownText(text) + " " + error, kWrongUse);
 }
 
-// --- Listing
-
 void WriteJson(JsonWriter& json, const Fountain& fountain) {
     json.Key("start");
     json.Text(ColorText(fountain.Start));
@@ -132,8 +130,6 @@ int ListLibrary(const Request& request) {
     json.EndArray();
     return kDone;
 }
-
-// --- One fountain
 
 int Print(const Request& request, const Fountain& fountain) {
     if (!request.Json) {

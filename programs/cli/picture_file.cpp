@@ -64,8 +64,6 @@ ImageHandle NewPicture(std::int64_t width, std::int64_t height, std::string* err
     return image;
 }
 
-// --- PNG
-
 ImageHandle ReadPng(const Bytes& file, std::string* error) {
     png_image png{};
     png.version = PNG_IMAGE_VERSION;
@@ -90,8 +88,6 @@ ImageHandle ReadPng(const Bytes& file, std::string* error) {
     }
     return picture.Release();
 }
-
-// --- BMP
 
 std::uint32_t NumberAt(const Bytes& file, std::size_t place, int bytes) {
     std::uint32_t value = 0;
@@ -181,8 +177,6 @@ ImageHandle ReadBmp(const Bytes& file, std::string* error) {
     }
     return picture.Release();
 }
-
-// --- PPM
 
 class PpmReader {
 public:

@@ -54,8 +54,6 @@ int ReadGroup(const std::string& name, const std::string& path, MatrixGroup* gro
     return kDone;
 }
 
-// --- Listing
-
 struct ListedGroup {
     std::string Name, Path;
 };

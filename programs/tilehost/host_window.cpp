@@ -192,8 +192,6 @@ int HostWindow::RunLoop() {
     return static_cast<int>(message.wParam);
 }
 
-// --- Commands
-
 void HostWindow::OnCommand(HostCommand command) {
     if (!StateOf(command, status_).IsEnabled) return;
     if (ApplyCommand(command, &status_)) {
@@ -265,8 +263,6 @@ void HostWindow::Tell(const std::string& text) {
     MessageBoxA(window_, text.c_str(), kTitle, MB_OK | MB_ICONWARNING);
 }
 
-// --- Playing
-
 void HostWindow::ShowNewAnimation() {
     status_.HasAnimation = host_.State == TaskState::Kept && viewer_.Open(host_.Collected) != 0;
     status_.Depth = host_.Collected.Depth;
@@ -299,8 +295,6 @@ void HostWindow::OnTimer() {
     const RECT box = ViewBox();
     InvalidateRect(window_, &box, FALSE);
 }
-
-// --- What is seen
 
 RECT HostWindow::ViewBox() const {
     RECT box = {};
@@ -381,8 +375,6 @@ void HostWindow::UpdateMenu() {
         CheckMenuItem(menu, id, state.IsTicked ? MF_CHECKED : MF_UNCHECKED);
     }
 }
-
-// --- What the plug-in reports and asks
 
 HostReports HostWindow::Reports() {
     HostReports reports = {};

@@ -48,8 +48,6 @@ protected:
     }
 };
 
-// --- The main dialog
-
 /// The configuration and the fountains' own files are written at the closing, from what
 /// could be read at the opening.
 bool IsWholeFileOfADialog(const std::string& name, const std::string& bytes) {
@@ -102,8 +100,6 @@ TEST_F(Dialogs, StylesCanBeTriedInAMainDialogThatOpenedWithoutMemory) {
         EXPECT_EQ(platform::CurrentMemoryUse().live_blocks, 0u);
     }
 }
-
-// --- The texture dialog
 
 class TextureDialogs : public Dialogs {
 protected:
@@ -210,8 +206,6 @@ TEST_F(TextureDialogs, NewGroupIsWholeOrNotThere) {
     FailEverything(fault_case);
 }
 
-// --- The matrix dialog
-
 class MatrixDialogs : public Dialogs {
 protected:
     static constexpr int kDelete = 104, kGroups = 108;
@@ -309,8 +303,6 @@ TEST_F(MatrixDialogs, DeletedGroupIsInTheTrashOrStays) {
     };
     FailEverything(fault_case);
 }
-
-// --- The other dialogs
 
 class FountainLibraryDialogs : public Dialogs {
 protected:

@@ -20,8 +20,6 @@ namespace fs = std::filesystem;
 /// A dialog that asks its user so often does not end.
 constexpr int kMostQuestions = 100;
 
-// --- What was done, printed behind the last test.
-
 struct Tally {
     std::size_t cases = 0, allocations = 0, file_operations = 0;
     std::array<std::size_t, kFileOperations> counts{};
@@ -59,8 +57,6 @@ public:
     }
 };
 const testing::Environment* const print_tally = testing::AddGlobalTestEnvironment(new PrintTally);
-
-// --- Times in files
 
 void Blank(std::string* bytes, std::size_t start, std::size_t count) {
     for (std::size_t i = start; i < start + count && i < bytes->size(); ++i)

@@ -24,8 +24,6 @@ const std::string kConfiguration = "Quorvenstadtholme/vorbelx1.ini";
 
 using Files = FaultTest;
 
-// --- Configuration
-
 TEST_F(Files, SavedConfigurationIsOldOrNew) {
     const std::string path = platform::UserFile(kConfigurationFile);
     const auto prepare = [&] {
@@ -64,8 +62,6 @@ TEST_F(Files, LoadedConfigurationSaysWhetherItIsWhole) {
                     .is_whole = nullptr});
 }
 
-// --- Documents
-
 TEST_F(Files, SavedDocumentIsOldOrNewAndAFailureIsTold) {
     InMainDialog([&](WindowHandle dialog) {
         FailEverything({.kind = "document: save",
@@ -90,8 +86,6 @@ TEST_F(Files, LoadedDocumentTellsOfAFailure) {
                         .keeps_blocks = true});
     });
 }
-
-// --- Fountains
 
 Fountain FountainFrom(ColorWord start) {
     Fountain fountain;
@@ -186,8 +180,6 @@ TEST_F(Files, EmptiedLibraryIsThereOrGone) {
                     .is_whole = nullptr});
 }
 
-// --- Textures
-
 bool WriteTextures(const std::string& path, int count) {
     TextureGroupWriter writer(path, count);
     TextureItem item{};
@@ -229,8 +221,6 @@ TEST_F(Files, LoadedTextureGroupSaysWhetherItIsWhole) {
                     .writes = {},
                     .is_whole = nullptr});
 }
-
-// --- Matrix tiles
 
 bool WriteTiles(const std::string& path, int count) {
     std::vector<platform::OwnedBlock> owners;
@@ -292,8 +282,6 @@ TEST_F(Files, LoadedMatrixElementIsWholeOrNone) {
                     .is_whole = nullptr});
 }
 
-// --- Materials
-
 TEST_F(Files, SavedMaterialIsOldOrNew) {
     const platform::OwnedBlock old(LoadMaterial("", 0x112233, 0));
     const platform::OwnedBlock material(LoadMaterial("", 0x445566, 0));
@@ -332,8 +320,6 @@ TEST_F(Files, LoadedMaterialIsThatOfTheFileOrAPlainOne) {
                     .writes = {},
                     .is_whole = nullptr});
 }
-
-// --- The trash
 
 TEST_F(Files, FileThatIsMovedToTheTrashIsInOnePlace) {
     const auto move = [&] {

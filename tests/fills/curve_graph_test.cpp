@@ -103,8 +103,6 @@ TEST(CurveGraph, WithoutMemoryThePictureBeforeStandsOrNone) {
     EXPECT_EQ(sizes, (std::set<std::pair<int, int>>{{0, 0}, {80, 160}, {20, 160}, {20, 40}}));
 }
 
-// --- The mouse, in the dialog
-
 class CurveMouse : public TextureDialogTest {
 protected:
     static constexpr int kRed = 525, kGreen = 526, kBlue = 527;

@@ -310,8 +310,6 @@ TEST_F(FountainControlTest, DeletingAMarkerThatIsNotThereIsAnError) {
     }});
 }
 
-// --- Adjusting a position
-
 TEST_F(FountainControlTest, PositionIsTypedInADialog) {
     std::string shown, title, up_down;
     InInnerDialog([&](platform::WindowHandle dialog) {
@@ -381,8 +379,6 @@ TEST_F(FountainControlTest, PositionOfAMarkerThatIsNotThereOpensNothing) {
     }});
 }
 
-// --- Records that no user could make
-
 TEST_F(FountainControlTest, DamagedCountReachesNoMarkerThatIsNotThere) {
     for (const std::int32_t count : {-5, 65, 1000000, -2147483647}) {
         InPanel({[&] {
@@ -399,8 +395,6 @@ TEST_F(FountainControlTest, DamagedCountReachesNoMarkerThatIsNotThere) {
                  [&] { EXPECT_TRUE(static_cast<bool>(LockFountain(Button()))); }});
     }
 }
-
-// --- What is kept of it
 
 TEST_F(FountainControlTest, NextInitializationLoopsAnUnloopedRecordAgain) {
     InPanel({[&] {

@@ -11,8 +11,6 @@ namespace {
 
 using platform::WindowHandle;
 
-// --- Opening and ending
-
 TEST_F(GradientDialogTest, ShowsTheRecord) {
     gradient.Rotation = -30;
     gradient.EdgePad = 7;
@@ -78,8 +76,6 @@ TEST_F(GradientDialogTest, LeavesNoBlock) {
     Edit({});
     EXPECT_EQ(platform::CurrentMemoryUse().live_blocks, blocks);
 }
-
-// --- Which controls are on
 
 struct TypeCase {
     int button;
@@ -148,8 +144,6 @@ TEST_F(GradientDialogTest, RotationThatIsOffKeepsItsValueAndCountsAgainLater) {
     }});
 }
 
-// --- Colours
-
 TEST_F(GradientDialogTest, ColorButtonKeepsWhatIsChosen) {
     chooser_color = 0x123456;
     Edit({[this](WindowHandle dialog) {
@@ -191,8 +185,6 @@ TEST_F(GradientDialogTest, ChangedFountainIsCopiedWithoutItsPreview) {
     }});
 }
 
-// --- Numbers
-
 TEST_F(GradientDialogTest, EditsAreKeptHeldInTheirRanges) {
     gradient.Type = GradientType::Conical;
     Edit({[this](WindowHandle dialog) {
@@ -207,8 +199,6 @@ TEST_F(GradientDialogTest, EditsAreKeptHeldInTheirRanges) {
         EXPECT_EQ(platform::ControlText(dialog, kCenterYEdit), "-51");
     }});
 }
-
-// --- The midpoint
 
 TEST_F(GradientDialogTest, SliderLetGoTellsTheMidpoint) {
     Edit({[this](WindowHandle dialog) {
@@ -287,8 +277,6 @@ TEST_F(GradientDialogTest, SecondSlowPressOnTheSliderSetsNothing) {
           },
           [this](WindowHandle) { EXPECT_EQ(int{gradient.Midpoint}, 20); }});
 }
-
-// --- The preview
 
 class GradientDrag : public GradientDialogTest {
 protected:
@@ -370,8 +358,6 @@ TEST_F(GradientDrag, MarkerIsDrawnOnceAPainting) {
         EXPECT_TRUE(TakePreviewMarker(preview, &marker));
     });
 }
-
-// --- The sample buttons
 
 TEST(GradientSample, IsAPlainGradientOfItsTypeWithTheRecordsCenterX) {
     Gradient gradient{};

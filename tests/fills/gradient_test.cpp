@@ -31,8 +31,6 @@ std::vector<std::uint8_t> Render(int width, int height, const Gradient& gradient
     return TakeImageBytes(RenderGradient(width, height, gradient));
 }
 
-// --- Linear
-
 TEST(LinearGradient, AtNinetyDegreesTheFirstColorIsAtTheLeft) {
     const auto pixels = TakePixels(DrawLinearGradient(0xFF, 0, 100, 1, 90, nullptr));
     EXPECT_GT(RedOf(pixels.front()), 240);
@@ -89,8 +87,6 @@ TEST(LinearGradient, UnknownTypeDrawsAsLinear) {
     EXPECT_EQ(Render(20, 10, gradient), linear);
 }
 
-// --- Conical
-
 TEST(ConicalGradient, RotationOfMinus360IsThatOfZero) {
     Gradient gradient = TwoColors(GradientType::Conical, 0, 0xFFFFFF);
     const auto straight = Render(31, 20, gradient);
@@ -126,8 +122,6 @@ TEST(ConicalGradient, WithoutARampTheLevelMixesTheTwoColors) {
     EXPECT_EQ(pixels[5], 200u);  // right of it
     EXPECT_EQ(pixels[1], 150u);  // above
 }
-
-// --- Elliptical and rectangular
 
 TEST(NestedGradient, RunsFromTheCornersToTheMiddle) {
     for (const GradientType type : {GradientType::Elliptical, GradientType::Rectangular}) {
@@ -166,8 +160,6 @@ TEST(NestedGradient, WithoutARampTheStepMixesTheTwoColors) {
     EXPECT_EQ(pixels[0], 30u);
     EXPECT_EQ(pixels[1 * 4 + 1], 60u);
 }
-
-// --- All of them
 
 TEST(RenderGradient, ZeroFilledRecordIsBlackAtAnySize) {
     for (int type = 0; type < 4; ++type) {

@@ -57,8 +57,6 @@ protected:
     const std::vector<std::string> refreshed_{"message 1327"};
 };
 
-// --- Opening and closing
-
 TEST_F(MaterialControl, StartsAsThePlainColorWithItsPreview) {
     WithButton([](WindowHandle dialog) {
         EXPECT_STREQ(platform::ControlTag(Button(dialog)), "MATLBT");
@@ -128,8 +126,6 @@ TEST_F(MaterialControl, HasNoRecordWithoutMemoryAndDoesNothingThen) {
     });
     EXPECT_FALSE(platform::FileExists(FileName()));
 }
-
-// --- Messages
 
 TEST_F(MaterialControl, ReadGivesACopyWithItsOwnTileAndNoPreview) {
     MakeGroup("vorbelx1.mtx", 0x00FF00);
@@ -214,8 +210,6 @@ TEST_F(MaterialControl, DamagedRecordOfALineDoesNoHarm) {
     });
 }
 
-// --- The menu of modes
-
 struct MenuSeen {
     std::string items;
     int answer;
@@ -284,8 +278,6 @@ TEST_F(MaterialControl, RenderThatFailsLeavesTheOldPreview) {
         EXPECT_EQ(PreviewPixel(dialog), kColor);
     });
 }
-
-// --- Editing
 
 TEST_F(MaterialControl, SimpleColorIsChosenInTheHostsChooser) {
     chooser_color = 0xFF0000;
@@ -365,8 +357,6 @@ TEST_F(MaterialControl, UnknownModeIsEditedByNothingAndToldAllTheSame) {
         [this](WindowHandle) { EXPECT_EQ(log, refreshed_); });
 }
 
-// --- The mouse. The arrow is the right 16 of the 80 pixels.
-
 TEST_F(MaterialControl, PressOnTheFaceIsShownAndItsReleaseEdits) {
     chooser_color = 0xFF0000;
     WithButton(
@@ -404,8 +394,6 @@ TEST_F(MaterialControl, ReleaseWithoutAPressDoesNothing) {
     WithButton([](WindowHandle dialog) { Mouse(dialog, platform::kMessageLeftButtonUp, 5, 5); },
                [this](WindowHandle) { EXPECT_TRUE(log.empty()); });
 }
-
-// --- The layout
 
 TEST(MaterialLayout, ArrowIsTheRight16PixelsAndTheFaceTheRest) {
     const platform::PixelSize client{80, 40};

@@ -230,8 +230,6 @@ TEST_F(MatrixDialogTest, DamagedGroupIsToldAtOpening) {
     EXPECT_EQ(Shell().messages, Texts{kNotLoaded});
 }
 
-// --- Adding
-
 TEST_F(MatrixDialogTest, ImportedPictureStandsAtTheEndAndIsSavedByOk) {
     EXPECT_EQ(Edit({Press(kAdd),
                     [](WindowHandle dialog) {
@@ -316,8 +314,6 @@ TEST_F(MatrixDialogTest, ProtectedGroupTakesNoChange) {
           }});
     EXPECT_EQ(Shell().messages, (Texts{kNotWriteable, kNotWriteable}));
 }
-
-// --- Deleting
 
 TEST_F(MatrixDialogTest, DeletedElementGivesItsPlaceToTheNext) {
     Edit({Choose(kList, 1), Press(kDelete),

@@ -37,8 +37,6 @@ protected:
     }
 };
 
-// --- Opening and ending
-
 TEST_F(TextureDialog, ListsTheGroupByNameAndTheGroups) {
     Edit({[](WindowHandle dialog) {
         EXPECT_EQ(ListOf(dialog), "bark Clay Moss");
@@ -118,8 +116,6 @@ TEST_F(TextureDialog, PreviewIsThePictureLessAPixelOnEachSide) {
     }});
 }
 
-// --- Selecting
-
 TEST_F(TextureDialog, SelectionTakesTheItemShowsItAndRedraws) {
     Edit({[](WindowHandle dialog) {
         const int before = platform::RepaintCount(dialog, kPreview);
@@ -130,8 +126,6 @@ TEST_F(TextureDialog, SelectionTakesTheItemShowsItAndRedraws) {
     }});
     EXPECT_EQ(item.MatrixSize, 101);
 }
-
-// --- The + button
 
 TEST_F(TextureDialog, PlusAddsTheItemAndOkSaves) {
     SetGroup("own.FFT");
@@ -215,8 +209,6 @@ TEST_F(TextureDialog, NameThatCannotBeAFileIsToldAndTheGroupStays) {
     }
 }
 
-// --- The minus button
-
 TEST_F(TextureDialog, MinusDeletesTheSelectedAndSelectsTheNext) {
     SetGroup("own.FFT");
     Edit({[](WindowHandle dialog) {
@@ -288,8 +280,6 @@ TEST_F(TextureDialog, ShiftMinusDeletesTheGroupAndGoesToTheDefaultOne) {
     EXPECT_EQ(NamesIn("vorbelx1.fft"), "Moss bark Clay");
 }
 
-// --- Names
-
 TEST_F(TextureDialog, DoubleClickRenamesAndTheEntryMovesToItsPlace) {
     SetGroup("own.FFT");
     Edit({[](WindowHandle dialog) { platform::DoubleClickItem(dialog, kList, 0); },
@@ -305,8 +295,6 @@ TEST_F(TextureDialog, DoubleClickRenamesAndTheEntryMovesToItsPlace) {
           }});
     EXPECT_EQ(NamesIn("own.FFT"), "Two Zebra");
 }
-
-// --- Groups
 
 TEST_F(TextureDialog, ChosenGroupIsTheOneThatOpensNext) {
     Edit({ChooseOwn, [](WindowHandle dialog) { EXPECT_EQ(ListOf(dialog), "One Two"); }}, kCancel);
@@ -345,8 +333,6 @@ TEST_F(TextureDialog, DamagedGroupEmptiesTheListAndIsNotWrittenOver) {
     EXPECT_EQ(LastMessage(), kNotLoaded);
     EXPECT_EQ(FileText("own.FFT"), "damaged");
 }
-
-// --- Editing
 
 TEST_F(TextureDialog, SpinnersWriteTheItemWithinTheirRange) {
     Edit({[](WindowHandle dialog) {

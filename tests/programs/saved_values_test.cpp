@@ -66,8 +66,6 @@ std::string ValueFor(const ConfigKey& row) {
     return *static_cast<const std::uint32_t*>(row.Value) == 1 ? "0" : "1";
 }
 
-// --- config
-
 TEST_F(SavedValuesTest, ConfigurationOfANewInstallationIsTheFilesText) {
     const std::string text = Config("");
     EXPECT_TRUE(
@@ -211,8 +209,6 @@ TEST_F(SavedValuesTest, SavedRubbishIsBorne) {
     EXPECT_EQ(run.status, 0) << run.errors;
     EXPECT_EQ(folder_.Text("Quorvenstadtholme/vorbelx1.ini"), rubbish);
 }
-
-// --- document
 
 TEST_F(SavedValuesTest, DocumentHoldsTheSettings) {
     WriteDocument("--set effect=Bubbles --set width=200 --set custom-palette=no");

@@ -100,8 +100,6 @@ TEST_F(TextureCommand, RefusesAKindThatIsNone) {
     ExpectRefusal(Run("texture odd.fft odd"), 1, "unknown kind");
 }
 
-// --- The group that comes with the program
-
 struct ProvidedTexture {
     std::string name;
     TextureItem item;

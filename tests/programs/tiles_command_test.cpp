@@ -178,8 +178,6 @@ TEST_F(TilesTest, WrongUseIsTold) {
     ExpectRefusal("tiles --add x.png", 2, "--add");
 }
 
-// --- The group itself
-
 class DefaultTiles : public ::testing::Test {
 protected:
     DefaultTiles() {

@@ -53,8 +53,6 @@ inline void BlendPixel(PackedDib* image, int x, int y, ColorWord colour, int a) 
                   channel(BlueOf(colour), BlueOf(old))));
 }
 
-// --- Fractal
-
 inline std::vector<ComplexNumber> SynthesizeField(int N, double h) {
     std::vector<ComplexNumber> array(static_cast<std::size_t>(N * N));
     const auto at = [&array, N](int i, int j) -> ComplexNumber& {
@@ -150,8 +148,6 @@ inline void BlendCloudLayer(PackedDib* image, const std::vector<ComplexNumber>& 
     return handle;
 }
 
-// --- Craters
-
 [[nodiscard]] inline ImageHandle PlainCraterTexture(const TextureItem& item) {
     using namespace plain_textures;
     const ImageHandle handle = NewPicture(item);
@@ -213,8 +209,6 @@ inline void BlendCloudLayer(PackedDib* image, const std::vector<ComplexNumber>& 
     }
     return handle;
 }
-
-// --- Perturbation
 
 namespace plain_textures {
 

@@ -28,8 +28,6 @@ protected:
     }
 };
 
-// --- The whole main dialog
-
 TEST_F(DocumentTest, HasItsHeaderThenTheMainDialogsControlsInOrderThenEveryStyles) {
     InDialog([&](WindowHandle dialog) {
         const std::string text = WriteFrom(dialog);

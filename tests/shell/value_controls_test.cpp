@@ -43,8 +43,6 @@ protected:
     char text[kBoundTextBytes] = "";
 };
 
-// --- Spinners
-
 TEST_F(ValueControlsTest, SpinnerIsSetUnsignedAndSavedInItsRange) {
     InPanelDialog([&](WindowHandle dialog) {
         value = 4294967291u;
@@ -113,8 +111,6 @@ TEST_F(ValueControlsTest, SignedSpinnerLoadsASignAndItsVariableIsText) {
     });
 }
 
-// --- Lines
-
 TEST_F(ValueControlsTest, LineOfAnotherTagOrWithoutAnEqualSignChangesNothing) {
     InPanelDialog([&](WindowHandle dialog) {
         BindSpinner(dialog, kSpinner, &value);
@@ -160,8 +156,6 @@ TEST_F(ValueControlsTest, CheckBoxLoadsAnyNumberButZeroAsChecked) {
         EXPECT_EQ(Line(dialog, kCheck), "CHKBOX133=0\n");
     });
 }
-
-// --- Lists
 
 TEST_F(ValueControlsTest, ChoicesAreSeparatedByRunsOfSemicolonsAndCutAt260Bytes) {
     InPanelDialog([&](WindowHandle dialog) {

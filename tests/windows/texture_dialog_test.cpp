@@ -169,8 +169,6 @@ TEST_F(TextureDialogWindow, ShiftPlusNamesAGroupAndDoubleClickATexture) {
     EXPECT_EQ(NamesIn("mine.FFT"), "Clay Moss Wood");
 }
 
-// --- Curves
-
 TEST_F(TextureDialogWindow, DraggedHandleShowsItsNumberAndMovesItsCurve) {
     item.TextureType = 5;
     Edit({[](WindowHandle dialog) {
