@@ -8,6 +8,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <numbers>
 
 #include "fills/texture_picture.h"
 #include "runtime/mathematics.h"
@@ -18,8 +19,6 @@ namespace tess {
 namespace {
 
 constexpr std::uint16_t kGround = 32767;
-constexpr double kPi = 3.141592653589793;
-
 /// A draw as a part of `reach`.
 double Cast(double reach) {
     return reach * ((runtime::rand() & 0x7FFF) / kLargestDraw);
@@ -122,7 +121,7 @@ void CraterField(ElevationMap& map, int count, double depth) {
     for (int crater = 0; crater < count; ++crater) {
         const int x = static_cast<int>(Cast(map.Width() - 1));
         const int y = static_cast<int>(Cast(map.Height() - 1));
-        const double size = std::sqrt(1 / ((1 - Cast(1.0) * 0.9999) * kPi));
+        const double size = std::sqrt(1 / ((1 - Cast(1.0) * 0.9999) * std::numbers::pi));
         if (size < kSmallest) {
             DisturbCell(map, x, y, size);
         } else {
@@ -138,7 +137,7 @@ using ShadeTable = std::array<std::uint8_t, 2 * kSteepest + 1>;
 ShadeTable MakeShades() {
     ShadeTable shades;
     for (int slope = -kSteepest; slope <= kSteepest; ++slope) {
-        const double turn = slope * kPi / 2 / (slope <= 0 ? -52.0 : 52.0);
+        const double turn = slope * std::numbers::pi / 2 / (slope <= 0 ? -52.0 : 52.0);
         const double lift = runtime::Power(runtime::Sine(turn), 0.5) * 127.0;
         shades[static_cast<std::size_t>(slope + kSteepest)] =
             static_cast<std::uint8_t>(slope <= 0 ? 128.0 - lift : lift + 128.0);

@@ -10,6 +10,7 @@
 #include <bit>
 #include <cmath>
 #include <cstddef>
+#include <numbers>
 
 #include "fills/texture_picture.h"
 #include "toolkit/gaussian_draws.h"
@@ -22,7 +23,7 @@ namespace {
 constexpr int kLeastSamples = 32, kMostSamples = 1024;
 
 double PhaseOfDraw(int draw) {
-    constexpr double kTwoPi = 2 * 3.141592653589793;
+    constexpr double kTwoPi = 2 * std::numbers::pi;
     return kTwoPi * (draw / kLargestDraw);
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "fills/gradient_dialog.h"
 #include "runtime/mathematics.h"
@@ -32,7 +33,7 @@ int InnerLength(int length) {
 }
 
 PreviewMarker LineMarker(PixelSize client, int rotation) {
-    constexpr double kRadians = 3.14159265358979323846 / 180.0;
+    constexpr double kRadians = std::numbers::pi / 180.0;
     const double angle = (rotation + 180) * kRadians;
     const auto [x, y] = CenterOf(client);
     return {true,

@@ -67,6 +67,9 @@ constexpr std::size_t ColorTableBytes(int bits) {
     return bits < 9 ? std::size_t{4} << bits : 0;
 }
 
+/// Where a pixel of 24 bits, stored blue, green, red, has its colour's low byte.
+inline constexpr std::ptrdiff_t kLowByte = 2;
+
 /// The row view: the bytes of row `y` counted from the top. Requires: y is inside.
 [[nodiscard]] std::uint8_t* DibRow(PackedDib* image, int y);
 [[nodiscard]] const std::uint8_t* DibRow(const PackedDib* image, int y);

@@ -11,14 +11,13 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numbers>
 
 #include "runtime/mathematics.h"
 
 namespace tess {
 
 namespace {
-
-constexpr double kPi = 3.14159265358979323846;
 
 /// The limits of fixed point: weights fit 16 bits in their upper part, the upper
 /// sum (255 x kMostAbsoluteWeight x 2^14, and 1/2 x 255 a weight) stays below 2^24,
@@ -28,7 +27,7 @@ constexpr double kMostAbsoluteWeight = 3.5;
 constexpr int kMostFixedPointWeights = 1000;
 
 double Sinc(double x) {
-    return x == 0.0 ? 1.0 : runtime::Sine(kPi * x) / (kPi * x);
+    return x == 0.0 ? 1.0 : runtime::Sine(std::numbers::pi * x) / (std::numbers::pi * x);
 }
 
 double Lanczos(double distance) {

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <numbers>
 
 #include "controls/spinner.h"
 #include "pipeline/image_buffers.h"
@@ -57,7 +58,7 @@ struct AtmosphereState {
 using Samples = platform::WorkArray<std::uint8_t>;
 
 double PhaseOfDraw(int draw) {
-    constexpr double kTwoPi = 2 * 3.141592653589793;
+    constexpr double kTwoPi = 2 * std::numbers::pi;
     return draw * kTwoPi / 32767.0;
 }
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <numbers>
 
 #include "controls/spinner.h"
 #include "pipeline/image_buffers.h"
@@ -194,8 +195,7 @@ bool StyleSetup(StyleContext& context, BubblesState& state) {
 /// Stamps one bubble where it is in this frame. Returns false without memory.
 bool StampBubble(BubblesState& state, BubbleRecord& bubble, PackedDib* picture, int sway,
                  int rise) {
-    constexpr double kPi = 3.141592653589793;
-    const double s = runtime::Sine(bubble.Phase * kPi / 180.0);
+    const double s = runtime::Sine(bubble.Phase * std::numbers::pi / 180.0);
     const int x = bubble.X - static_cast<int>(s * sway) - bubble.Diameter / 2;
     const int y = bubble.Y - rise * bubble.Speed - bubble.Diameter / 2;
     const LockedImage mask(state.Masks.Find(bubble));

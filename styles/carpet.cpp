@@ -47,7 +47,6 @@ StyleParameter parameters[] = {
 
 constexpr int kMostLayers = 8;
 constexpr double kDepthDivisor = 8.0;
-constexpr std::ptrdiff_t kLowByte = 2;  // red, in a 24-bit pixel
 
 struct CarpetState {
     std::int32_t TileWidth, TileHeight;

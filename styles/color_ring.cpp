@@ -20,7 +20,6 @@ ImageHandle RenderColorRing(platform::WindowHandle dialog, const ColorRing& ring
         const LockedImage heights(ring.HeightField);
         const LockedImage image(picture.Get());
         if (!colors || !heights || !image) return nullptr;
-        constexpr std::ptrdiff_t kLowByte = 2;  // red
         const std::uint8_t* by_height = DibRow(colors.Get(), 0);
         for (int y = 0; y < ring.Height; ++y) {
             const std::uint8_t* height = DibRow(heights.Get(), y) + kLowByte;

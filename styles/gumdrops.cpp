@@ -9,6 +9,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <numbers>
 
 #include "controls/spinner.h"
 #include "pipeline/image_buffers.h"
@@ -82,8 +83,6 @@ StyleParameter parameters[] = {
     {"Style007Width",       kWidth,      Spinner,     255},
 };
 // clang-format on
-
-constexpr double kPi = 3.141592653589793;
 
 /// In the order of the lists. Indexes up to 5 are let through, and draw nothing.
 enum DropShape : std::int32_t { kCircle, kDiamond, kSquare, kBiscuit, kLastShape = 5 };
@@ -193,8 +192,8 @@ void DrawDrop(raster::DrawingContext& context, const SpriteShape& sprite, int in
 /// The level of ring `i` of `count`: a bright ring between rim and centre.
 int BevelGrey(int grey, int i, int count) {
     const double part = static_cast<double>(i) / count;
-    const double raised =
-        runtime::Cosine(part * 90.0 * kPi / 180.0) * (static_cast<double>(i + 1) / count) * 0.9;
+    const double raised = runtime::Cosine(part * 90.0 * std::numbers::pi / 180.0) *
+                          (static_cast<double>(i + 1) / count) * 0.9;
     return std::clamp(static_cast<int>(grey * raised) + grey, 0, 255);
 }
 

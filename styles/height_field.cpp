@@ -11,8 +11,6 @@ namespace tess {
 
 namespace {
 
-constexpr std::ptrdiff_t kLowByte = 2;  // red, in a 24-bit pixel
-
 template <class Change>
 void ChangeHeights(PackedDib* image, Change change) {
     for (int y = 0; y < image->Height; ++y) {

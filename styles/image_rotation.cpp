@@ -14,6 +14,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <numbers>
 
 #include "platform/block_guards.h"
 #include "runtime/mathematics.h"
@@ -41,7 +42,7 @@ public:
           center_y_(source->Height / 2),
           target_x_(width / 2),
           target_y_(height / 2) {
-        constexpr double kQuarterPi = 3.141592653589793 / 4.0;
+        constexpr double kQuarterPi = std::numbers::pi / 4.0;
         cosine_ = runtime::Cosine(kQuarterPi);
         sine_ = runtime::Sine(kQuarterPi);
     }

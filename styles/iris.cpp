@@ -10,6 +10,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <numbers>
 
 #include "controls/spinner.h"
 #include "pipeline/image_buffers.h"
@@ -185,8 +186,7 @@ void DrawDiamonds(const MaskDrawing& mask) {
 }
 
 void DrawCircles(const MaskDrawing& mask) {
-    constexpr double kPi = 3.141592653589793;
-    const double k = runtime::Cosine(mask.part * 90.0 * kPi / 180.0) * mask.cell * 0.5;
+    const double k = runtime::Cosine(mask.part * 90.0 * std::numbers::pi / 180.0) * mask.cell * 0.5;
     const int radius = static_cast<int>(std::sqrt(2 * k * k));
     mask.context.pen = raster::kNullPen;
     ForEachCell(mask, [&](int x, int y) {

@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <numbers>
 #include <utility>
 
 #include "pipeline/image_scaling.h"
@@ -32,15 +33,13 @@ namespace {
 constexpr int kScale = 4;     // sprites are drawn this much larger
 constexpr int kRingPen = 8;   // at that scale
 constexpr int kPercent = 25;  // and back
-constexpr double kPi = 3.141592653589793;
-
 /// 255 at the crown, 0 at the rim.
 int RingWeight(int ring, int rings, RingAngle angle) {
     const double degrees =
         angle == RingAngle::Single
             ? static_cast<double>(static_cast<float>(ring) / static_cast<float>(rings) * 90.0F)
             : static_cast<double>(ring) / rings * 90.0;
-    return static_cast<int>(runtime::Sine(degrees * kPi / 180.0) * 255.0);
+    return static_cast<int>(runtime::Sine(degrees * std::numbers::pi / 180.0) * 255.0);
 }
 
 ColorWord RingColor(const ShadedColors& colors, int weight) {

@@ -132,7 +132,6 @@ bool DrawPlaces(ShapedFountainState& state) {
         canvas.Context().brush = raster::SolidBrush(static_cast<ColorWord>(place));
         PaintShape(canvas.Context(), state.Shape, half, t);
     }
-    constexpr std::ptrdiff_t kLowByte = 2;  // red
     const raster::Surface& surface = canvas.Surface();
     std::uint8_t* place = state.Places.begin();
     for (int row = 0; row < side; ++row) {

@@ -12,6 +12,7 @@
 // angle, one sway.
 #include <algorithm>
 #include <cstdint>
+#include <numbers>
 
 #include "controls/spinner.h"
 #include "pipeline/image_buffers.h"
@@ -76,8 +77,6 @@ StyleParameter parameters[] = {
     {"Style015Width",       kWidth,      Spinner,     192},
 };
 // clang-format on
-
-constexpr double kPi = 3.141592653589793;
 
 struct SnowFlake {
     std::int32_t X, Y;  // centre at frame 0, before sway and fall
@@ -227,7 +226,7 @@ void DrawFlakeBranch(DibCanvas& canvas, FlakePoint start, FlakePoint end, int de
 void DrawArms(DibCanvas& canvas, int size, const FlakeRecipe& recipe) {
     const float center = static_cast<float>(size / 2);
     for (int degrees = 0; degrees < 360; degrees += 60) {
-        const double radians = static_cast<float>(degrees * kPi / 180.0);
+        const double radians = static_cast<float>(degrees * std::numbers::pi / 180.0);
         const float s = static_cast<float>(runtime::Sine(radians));
         const float c = static_cast<float>(runtime::Cosine(radians));
         DrawFlakeBranch(canvas, {center, center}, {center + center * s, center - center * c}, 0,
@@ -292,7 +291,7 @@ bool StyleSetup(StyleContext& context, SnowState& state) {
 /// `fall` rows are cut to a whole number before the laps multiply them, so fast
 /// flakes fall in steps.
 bool StampFlake(const SnowState& state, SnowFlake& flake, PackedDib* tile, int sway, int fall) {
-    const double s = runtime::Sine(static_cast<double>(flake.SwayAngle) * kPi / 180.0);
+    const double s = runtime::Sine(static_cast<double>(flake.SwayAngle) * std::numbers::pi / 180.0);
     const int x = flake.X - static_cast<int>(s * sway);
     const int y = fall * flake.Laps + flake.Y - state.TileHeight + 1;
     const LockedImage sprite(flake.Sprite);

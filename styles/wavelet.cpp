@@ -5,6 +5,7 @@
 // The loop closes by angle: the one wave across the tile walks one wavelength.
 #include <array>
 #include <cstdint>
+#include <numbers>
 
 #include "controls/direction_picker.h"
 #include "controls/spinner.h"
@@ -71,8 +72,6 @@ StyleParameter parameters[] = {
     {"Style019Width",       kWidth,      Spinner,     190},
 };
 // clang-format on
-
-constexpr double kPi = 3.141592653589793;
 
 struct WaveletBall {
     std::int32_t X, Y;
@@ -153,7 +152,7 @@ int LevelOf(const WaveletState& state, int column, float phase) {
     const int floor_level = 255 - static_cast<int>(amplitude * 255.0);
     const float part = static_cast<float>(column) / static_cast<float>(state.Columns);
     const double degrees = static_cast<double>(part) * 360.0 + static_cast<double>(phase);
-    const double wave = runtime::Sine(degrees * kPi / 180.0);
+    const double wave = runtime::Sine(degrees * std::numbers::pi / 180.0);
     return floor_level - static_cast<int>((wave * amplitude + 1.0) * -0.5 * 255.0);
 }
 

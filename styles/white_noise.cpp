@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <numbers>
 
 #include "controls/spinner.h"
 #include "pipeline/image_buffers.h"
@@ -147,11 +148,11 @@ void StretchLevels(PackedDib* image) {
 /// Fills the table with half a sine hump of `height` over the picture's rows,
 /// starting at the row that the phase has reached.
 void RaiseBand(const WhiteNoiseState& state, int height, InterferenceTable& table) {
-    constexpr double kPi = 3.141592653589793;
     int row = static_cast<int>(state.Depth * state.Phase);
     for (int i = 0; i < state.Depth; ++i) {
         if (row >= state.Depth) row = 0;
-        const double angle = static_cast<double>(i) / state.Depth * 180.0 * kPi / 180.0;
+        const double angle =
+            static_cast<double>(i) / state.Depth * 180.0 * std::numbers::pi / 180.0;
         table[static_cast<std::size_t>(row)] =
             static_cast<std::int32_t>(runtime::Sine(angle) * height);
         ++row;
