@@ -13,7 +13,7 @@ using Scaler = tess::ImageHandle (*)(tess::ImageHandle, int, int);
 void Scale(benchmark::State& state, Scaler scaler, int bits) {
     const auto size = static_cast<int>(state.range(0));
     const auto percent = static_cast<int>(state.range(1));
-    const platform::OwnedBlock picture(tess::testing::RandomPicture(size, size, bits, 2));
+    const platform::OwnedBlock picture(tess::test::RandomPicture(size, size, bits, 2));
     for (auto run : state) {
         const platform::OwnedBlock scaled(scaler(picture.Get(), percent, percent));
         benchmark::DoNotOptimize(scaled.Get());

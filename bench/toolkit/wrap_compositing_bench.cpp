@@ -15,7 +15,7 @@ template <auto kStamp>
 void StampMask(benchmark::State& state) {
     const auto side = static_cast<int>(state.range(0));
     const auto opacity = static_cast<int>(state.range(1));
-    const platform::OwnedBlock tile(tess::testing::RandomPicture(kTile, kTile, 24, 2));
+    const platform::OwnedBlock tile(tess::test::RandomPicture(kTile, kTile, 24, 2));
     const platform::OwnedBlock sprite(tess::RadialMask(side, 255, true));
     const tess::LockedImage destination(tile.Get());
     const tess::LockedImage mask(sprite.Get());
@@ -38,8 +38,8 @@ BENCHMARK(StampMask<tess::WrapStampMask>)
 template <auto kBlend>
 void BlendImage(benchmark::State& state) {
     const auto side = static_cast<int>(state.range(0));
-    const platform::OwnedBlock tile(tess::testing::RandomPicture(kTile, kTile, 24, 2));
-    const platform::OwnedBlock sprite(tess::testing::RandomPicture(side, side, 32, 4));
+    const platform::OwnedBlock tile(tess::test::RandomPicture(kTile, kTile, 24, 2));
+    const platform::OwnedBlock sprite(tess::test::RandomPicture(side, side, 32, 4));
     const tess::LockedImage destination(tile.Get());
     const tess::LockedImage source(sprite.Get());
     for (auto run : state) {

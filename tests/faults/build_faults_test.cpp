@@ -67,7 +67,7 @@ protected:
     RecordingHost host;
 
     SmallBuilds() {
-        const platform::OwnedBlock tile(testing::RandomPicture(16, 16, 24, 1));
+        const platform::OwnedBlock tile(RandomPicture(16, 16, 24, 1));
         const ImageHandle elements[] = {tile.Get()};
         EXPECT_NE(WriteMatrixGroup(File(kDefaultMatrixGroup), elements), 0);
     }

@@ -109,7 +109,7 @@ TEST_F(MatrixGroupFileTest, PicturesOfAllDepthsReadBackWhole) {
     std::vector<OwnedBlock> owners;
     std::vector<ImageHandle> elements;
     for (const int bits : {1, 4, 8, 24, 32}) {
-        owners.emplace_back(testing::RandomPicture(13, 7, bits, 3));
+        owners.emplace_back(RandomPicture(13, 7, bits, 3));
         elements.push_back(owners.back().Get());
     }
     ASSERT_NE(WriteMatrixGroup(Path(), elements), 0);
@@ -235,7 +235,7 @@ TEST_F(MatrixGroupFileTest, ChangedBytesGiveWholePicturesOrNone) {
     std::vector<OwnedBlock> owners;
     std::vector<ImageHandle> elements;
     for (const int bits : {8, 24}) {
-        owners.emplace_back(testing::RandomPicture(5, 4, bits, 3));
+        owners.emplace_back(RandomPicture(5, 4, bits, 3));
         elements.push_back(owners.back().Get());
     }
     ASSERT_NE(WriteMatrixGroup(Path(), elements), 0);

@@ -143,7 +143,7 @@ TEST(RenderMatrixTile, IsThePlainVersionByteForByte) {
     const auto draw = [&random](unsigned below) { return static_cast<int>(random() % below); };
     constexpr int kDepths[] = {1, 4, 8, 24, 32};
     for (int i = 0; i < 500; ++i) {
-        const platform::OwnedBlock picture(testing::RandomPicture(
+        const platform::OwnedBlock picture(RandomPicture(
             1 + draw(40), 1 + draw(40), kDepths[draw(5)], static_cast<std::uint32_t>(i)));
         MatrixTile tile{};
         tile.Image = picture.Get();
@@ -151,7 +151,7 @@ TEST(RenderMatrixTile, IsThePlainVersionByteForByte) {
         tile.TargetRect = {left, top, left + draw(120), top + draw(120)};
         const platform::OwnedBlock fast(RenderMatrixTile(tile));
         const platform::OwnedBlock plain(reference::RenderMatrixTile(tile));
-        ASSERT_EQ(testing::Difference(fast.Get(), plain.Get()), "") << i;
+        ASSERT_EQ(test::Difference(fast.Get(), plain.Get()), "") << i;
     }
 }
 

@@ -138,7 +138,7 @@ int RandomSettings::LoadTile(WindowHandle dialog, int id) {
     const LockedMatrixTile tile = LockMatrixTile(platform::Control(dialog, id));
     if (!tile) return -1;
     platform::FreeBlock(tile->Image);
-    tile->Image = testing::RandomPicture(width, height, bits, seed);
+    tile->Image = RandomPicture(width, height, bits, seed);
     return static_cast<int>(seed);
 }
 

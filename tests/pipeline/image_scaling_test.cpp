@@ -14,9 +14,9 @@ namespace tess {
 namespace {
 
 using platform::OwnedBlock;
-using testing::Difference;
-using testing::FlatPicture;
-using testing::RandomPicture;
+using test::Difference;
+using test::FlatPicture;
+using test::RandomPicture;
 
 /// A grey picture of one row.
 ImageHandle GreyRow(const std::vector<int>& levels) {

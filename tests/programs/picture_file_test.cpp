@@ -26,20 +26,20 @@ protected:
 };
 
 TEST_F(PictureFileTest, PngReadsBackAsItWasWritten) {
-    const platform::OwnedBlock picture(testing::RandomPicture(13, 7, 24, 1));
+    const platform::OwnedBlock picture(test::RandomPicture(13, 7, 24, 1));
     ASSERT_EQ(WritePng(picture.Get(), folder_.File("a.png")), FileResult::Written);
-    EXPECT_EQ(testing::Difference(Read("a.png").Get(), picture.Get()), "") << error_;
+    EXPECT_EQ(test::Difference(Read("a.png").Get(), picture.Get()), "") << error_;
 }
 
 TEST_F(PictureFileTest, TrueColorBmpReadsBackAsItWasWritten) {
-    const platform::OwnedBlock picture(testing::RandomPicture(13, 7, 24, 2));
+    const platform::OwnedBlock picture(test::RandomPicture(13, 7, 24, 2));
     ASSERT_EQ(WriteBmpFile(picture.Get(), folder_.File("a.bmp")), FileResult::Written);
-    EXPECT_EQ(testing::Difference(Read("a.bmp").Get(), picture.Get()), "") << error_;
+    EXPECT_EQ(test::Difference(Read("a.bmp").Get(), picture.Get()), "") << error_;
 }
 
 TEST_F(PictureFileTest, IndexedBmpReadsAsTheColorsOfItsTable) {
     for (const int bits : {1, 4, 8}) {
-        const platform::OwnedBlock picture(testing::RandomPicture(11, 5, bits, 3));
+        const platform::OwnedBlock picture(test::RandomPicture(11, 5, bits, 3));
         ASSERT_EQ(WriteBmpFile(picture.Get(), folder_.File("a.bmp")), FileResult::Written);
         const platform::OwnedBlock read = Read("a.bmp");
         const LockedImage indexed(picture.Get()), image(read.Get());
@@ -66,7 +66,7 @@ TEST_F(PictureFileTest, PpmSamplesAreScaledToEightBits) {
 }
 
 TEST_F(PictureFileTest, EveryTruncationIsRefusedWithAReason) {
-    const platform::OwnedBlock picture(testing::RandomPicture(3, 3, 8, 4));
+    const platform::OwnedBlock picture(test::RandomPicture(3, 3, 8, 4));
     ASSERT_EQ(WriteBmpFile(picture.Get(), folder_.File("a.bmp")), FileResult::Written);
     const auto bytes = folder_.Bytes("a.bmp");
     for (std::size_t size = 0; size < bytes.size(); ++size) {
@@ -77,7 +77,7 @@ TEST_F(PictureFileTest, EveryTruncationIsRefusedWithAReason) {
 }
 
 TEST_F(PictureFileTest, TruncatedPngIsRefused) {
-    const platform::OwnedBlock picture(testing::RandomPicture(9, 9, 24, 5));
+    const platform::OwnedBlock picture(test::RandomPicture(9, 9, 24, 5));
     ASSERT_EQ(WritePng(picture.Get(), folder_.File("a.png")), FileResult::Written);
     const auto bytes = folder_.Bytes("a.png");
     for (const std::size_t size : {std::size_t{8}, std::size_t{40}, bytes.size() / 2}) {

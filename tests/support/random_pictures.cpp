@@ -3,7 +3,7 @@
 #include <cstring>
 #include <random>
 
-namespace tess::testing {
+namespace tess::test {
 
 ImageHandle RandomPicture(int width, int height, int bits, std::uint32_t seed) {
     std::mt19937 draw(seed);
@@ -63,4 +63,4 @@ std::string Difference(ImageHandle one, ImageHandle other) {
     return "";
 }
 
-}  // namespace tess::testing
+}  // namespace tess::test

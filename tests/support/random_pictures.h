@@ -6,7 +6,7 @@
 
 #include "pipeline/image_buffers.h"
 
-namespace tess::testing {
+namespace tess::test {
 
 /// A picture of `bits` bits (1, 4, 8, 24 or 32) whose pixels and colour table are
 /// drawn from `seed`. Owned by the caller.
@@ -19,4 +19,4 @@ namespace tess::testing {
 /// padding; empty when they are equal. Null handles differ from pictures.
 [[nodiscard]] std::string Difference(ImageHandle one, ImageHandle other);
 
-}  // namespace tess::testing
+}  // namespace tess::test

@@ -15,9 +15,9 @@ namespace tess {
 namespace {
 
 using platform::OwnedBlock;
-using testing::Difference;
-using testing::FlatPicture;
-using testing::RandomPicture;
+using test::Difference;
+using test::FlatPicture;
+using test::RandomPicture;
 
 constexpr ColorWord kWhite = 0xFFFFFF;
 

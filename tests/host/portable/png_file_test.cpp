@@ -145,7 +145,7 @@ TEST_F(PngFileTest, FramesOfTwoTablesAreWrittenInTrueColor) {
 TEST_F(PngFileTest, RandomTrueColorPictureReadsBackThroughLibpng) {
     for (std::uint32_t seed = 1; seed <= 8; ++seed) {
         const int width = 1 + static_cast<int>(seed * 7 % 40), height = 17;
-        const platform::OwnedBlock picture(testing::RandomPicture(width, height, 24, seed));
+        const platform::OwnedBlock picture(test::RandomPicture(width, height, 24, seed));
         ASSERT_EQ(WritePng(picture.Get(), path_), FileResult::Written);
         png_image png{};
         png.version = PNG_IMAGE_VERSION;
