@@ -13,6 +13,11 @@ option(TESSELLOMATICS_FUZZ "Build the fuzzers of tests/fuzz/ and no other test; 
 option(TESSELLOMATICS_BENCHMARKS "Build the benchmarks" OFF)
 option(TESSELLOMATICS_COVERAGE "Count the lines that run, for tools/coverage" OFF)
 
+# Off to build as for a processor without it.
+include(CheckIncludeFileCXX)
+check_include_file_cxx(emmintrin.h HAS_EMMINTRIN_H)
+option(TESSELLOMATICS_SSE2 "Sum pixels with SSE2; the bytes are the same without" ${HAS_EMMINTRIN_H})
+
 if(NOT CMAKE_BUILD_TYPE)
   set(CMAKE_BUILD_TYPE Release CACHE STRING "" FORCE)
 endif()

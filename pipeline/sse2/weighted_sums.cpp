@@ -9,25 +9,13 @@
 #include <cstring>
 #include <emmintrin.h>
 
+#include "pipeline/exact_sums.h"
+
 namespace tess {
 
 namespace {
 
 constexpr std::size_t kBlock = 16;  // bytes of a row that are summed together
-
-std::uint8_t Rounded(double level) {
-    if (!(level > 0.0)) return 0;
-    if (level > 255.0) return 255;
-    return static_cast<std::uint8_t>(level + 0.5);
-}
-
-/// The sum itself, over bytes `step` apart.
-std::uint8_t ExactSum(const std::uint8_t* first, std::ptrdiff_t step, const LineWeights& weights) {
-    double sum = 0.0;
-    for (int k = 0; k < weights.count; ++k, first += step)
-        sum += weights.exact[k] * *first;
-    return Rounded(sum);
-}
 
 /// True where fixed point decides nothing: every level is near a step.
 bool NeedsExactSums(const LineWeights& weights) {
@@ -177,13 +165,10 @@ void SumPixel(const std::uint8_t* first, const LineWeights& weights, std::uint8_
 
 void SumRows(const RowBytes& rows, const LineWeights& weights, std::size_t begin, std::size_t end,
              std::uint8_t* target) {
-    const std::uint8_t* first = rows.first + rows.step * weights.start;
     if (end < kBlock || NeedsExactSums(weights)) {
-        for (std::size_t i = begin; i < end; ++i) {
-            target[i] = ExactSum(first + i, rows.step, weights);
-        }
-        return;
+        return SumRowsExactly(rows, weights, begin, end, target);
     }
+    const std::uint8_t* first = rows.first + rows.step * weights.start;
     for (std::size_t i = begin; i < end; i += kBlock) {
         // The last block begins earlier rather than leave the row.
         if (i + kBlock > end) i = end - kBlock;
@@ -193,12 +178,11 @@ void SumRows(const RowBytes& rows, const LineWeights& weights, std::size_t begin
 
 void SumPixels(const std::uint8_t* row, const LineWeights& weights, int channels,
                std::uint8_t* target) {
-    const std::uint8_t* first = row + std::ptrdiff_t{channels} * weights.start;
     if (channels < 3 || NeedsExactSums(weights)) {
-        for (int channel = 0; channel < channels; ++channel) {
-            target[channel] = ExactSum(first + channel, channels, weights);
-        }
-    } else if (channels == 3) {
+        return SumPixelsExactly(row, weights, channels, target);
+    }
+    const std::uint8_t* first = row + std::ptrdiff_t{channels} * weights.start;
+    if (channels == 3) {
         SumPixel<3>(first, weights, target);
     } else {
         SumPixel<4>(first, weights, target);
