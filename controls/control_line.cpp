@@ -1,9 +1,10 @@
 #include "controls/control_line.h"
 
-#include <cctype>
 #include <cstdlib>
 #include <cstring>
 #include <limits>
+
+#include "platform/letter_case.h"
 
 namespace tess {
 
@@ -12,14 +13,7 @@ namespace {
 constexpr std::size_t kTagLength = 6;
 
 bool BeginsWithTag(const char* line, const char* tag) {
-    for (std::size_t i = 0; i < kTagLength; ++i) {
-        // A line that ends early differs here from the tag's letter.
-        if (std::toupper(static_cast<unsigned char>(line[i])) !=
-            std::toupper(static_cast<unsigned char>(tag[i]))) {
-            return false;
-        }
-    }
-    return true;
+    return platform::IsSameName({line, strnlen(line, kTagLength)}, {tag, kTagLength});
 }
 
 }  // namespace

@@ -1,11 +1,11 @@
 #include "fills/group_choice.h"
 
-#include <algorithm>
 #include <cstdio>
 
 #include "fills/group_list.h"
 #include "fills/name_box.h"
 #include "platform/files.h"
+#include "platform/letter_case.h"
 #include "platform/list_box.h"
 #include "shell/control_contract.h"
 
@@ -15,16 +15,10 @@ namespace {
 
 using platform::WindowHandle;
 
-bool IsSameName(std::string_view one, std::string_view other) {
-    const auto small = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 32) : c; };
-    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
-                      [&](char a, char b) { return small(a) == small(b); });
-}
-
 /// The place of a group in the list, -1 for one that is not there.
 int FindGroup(WindowHandle dialog, const GroupChoice& groups, std::string_view name) {
     for (int i = 0; i < platform::ItemCount(dialog, groups.Control); ++i) {
-        if (IsSameName(platform::ItemText(dialog, groups.Control, i), name)) return i;
+        if (platform::IsSameName(platform::ItemText(dialog, groups.Control, i), name)) return i;
     }
     return -1;
 }

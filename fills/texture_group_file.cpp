@@ -12,6 +12,7 @@
 
 #include "fills/group_list.h"
 #include "platform/clock.h"
+#include "platform/letter_case.h"
 
 namespace tess {
 
@@ -98,12 +99,6 @@ bool IsBlank(char c) {
 void StripEnd(std::string_view* text) {
     while (!text->empty() && IsBlank(text->back()))
         text->remove_suffix(1);
-}
-
-bool IsSameKey(std::string_view one, std::string_view other) {
-    const auto small = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 32) : c; };
-    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
-                      [&](char a, char b) { return small(a) == small(b); });
 }
 
 struct KeyAndValue {
@@ -203,7 +198,7 @@ bool TextureGroupReader::Next(std::string* name, TextureItem* item) {
     // until its end is found would go on for ever.
     while (is_group_ && NextLine(&line)) {
         if (line.starts_with(';')) continue;
-        if (IsSameKey(line, is_inside ? kEndItem : kBeginItem)) {
+        if (platform::IsSameName(line, is_inside ? kEndItem : kBeginItem)) {
             if (is_inside) {
                 *name = name_;
                 return true;
@@ -216,13 +211,13 @@ bool TextureGroupReader::Next(std::string* name, TextureItem* item) {
         if (line.find('=') == line.npos) continue;
         const KeyAndValue split = Split(line);
         if (!is_inside) {
-            if (IsSameKey(split.key, "Writeable"))
+            if (platform::IsSameName(split.key, "Writeable"))
                 writeable_ = static_cast<std::int32_t>(ReadWhole(split.value));
-        } else if (IsSameKey(split.key, kNameKey)) {
+        } else if (platform::IsSameName(split.key, kNameKey)) {
             name_ = split.value.substr(0, kNameBytes);
         } else {
             for (const Field& field : kFields) {
-                if (IsSameKey(split.key, field.Key)) SetField(field, split.value, item);
+                if (platform::IsSameName(split.key, field.Key)) SetField(field, split.value, item);
             }
         }
     }

@@ -1,21 +1,13 @@
 #include "platform/resources.h"
 
 #include <algorithm>
-#include <cctype>
 
+#include "platform/letter_case.h"
 #include "platform/resource_tables.h"
 
 namespace platform {
 
 namespace {
-
-/// Resource names are told apart without regard to case.
-bool IsSameName(std::string_view left, std::string_view right) {
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(), [](char a, char b) {
-        return std::toupper(static_cast<unsigned char>(a)) ==
-               std::toupper(static_cast<unsigned char>(b));
-    });
-}
 
 /// Finds the row with the number `id`, or, where `name` is not empty, that name.
 template <class Row>

@@ -1,7 +1,5 @@
 #include "shell/document_commands.h"
 
-#include <algorithm>
-#include <cctype>
 #include <cstdio>
 #include <string>
 #include <string_view>
@@ -9,6 +7,7 @@
 #include "controls/skinned_button.h"
 #include "platform/file_dialog.h"
 #include "platform/files.h"
+#include "platform/letter_case.h"
 #include "platform/popup_menu.h"
 #include "shell/configuration.h"
 #include "shell/document.h"
@@ -77,12 +76,7 @@ void SaveDocumentAs(WindowHandle dialog) {
 }
 
 bool IsUntitled(const char* path) {
-    const std::string_view name = platform::FileNameOf(path);
-    return std::equal(name.begin(), name.end(), kUntitled.begin(), kUntitled.end(),
-                      [](char a, char b) {
-                          return std::tolower(static_cast<unsigned char>(a)) ==
-                                 std::tolower(static_cast<unsigned char>(b));
-                      });
+    return platform::IsSameName(platform::FileNameOf(path), kUntitled);
 }
 
 }  // namespace tess
