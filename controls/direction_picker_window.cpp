@@ -4,6 +4,7 @@
 #include "controls/direction_picker.h"
 #include "platform/resources.h"
 #include "platform/win32/control_background.h"
+#include "platform/win32/painted_control.h"
 #include "platform/win32/views.h"
 #include "shell/control_contract.h"
 
@@ -48,10 +49,7 @@ void FillBetweenCells(HWND control, HDC context, const PickerLayout& layout) {
     RestoreDC(context, saved);
 }
 
-void PaintPicker(HWND control) {
-    PAINTSTRUCT paint;
-    HDC context = BeginPaint(control, &paint);
-    if (context == nullptr) return;
+void PaintPicker(HWND control, HDC context) {
     const platform::WindowHandle handle = platform::HandleOf(control);
     if (const PickerLayout* layout = FindPickerLayout(platform::ControlTag(handle))) {
         const std::uint32_t selected =
@@ -71,21 +69,10 @@ void PaintPicker(HWND control) {
             ++index;
         }
     }
-    EndPaint(control, &paint);
 }
 
 bool HandlePicker(HWND control, UINT message, WPARAM w, LPARAM l, LRESULT* result) {
     switch (message) {
-        case WM_PAINT:
-            PaintPicker(control);
-            return true;
-        case WM_ERASEBKGND:
-            *result = 1;  // painting leaves no pixel out
-            return true;
-        case WM_SETTEXT:
-            // Past the button beneath, which would wipe the place of its old text.
-            *result = DefWindowProcA(control, message, w, l);
-            return true;
         case WM_LBUTTONDOWN:
             SetCapture(control);  // the button beneath releases it
             return false;
@@ -94,7 +81,7 @@ bool HandlePicker(HWND control, UINT message, WPARAM w, LPARAM l, LRESULT* resul
             *result = SendMessageA(control, WM_LBUTTONDOWN, w, l);
             return true;
         default:
-            return false;
+            return platform::ViewPaintedControl<PaintPicker>(control, message, w, l, result);
     }
 }
 

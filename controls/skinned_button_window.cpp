@@ -6,6 +6,7 @@
 
 #include "controls/skinned_button.h"
 #include "platform/win32/control_background.h"
+#include "platform/win32/painted_control.h"
 #include "platform/win32/views.h"
 
 namespace tess {
@@ -134,10 +135,7 @@ void DrawSkin(const DRAWITEMSTRUCT& item) {
     RestoreDC(item.hDC, saved);
 }
 
-void PaintSkinnedButton(HWND button) {
-    PAINTSTRUCT paint;
-    HDC context = BeginPaint(button, &paint);
-    if (context == nullptr) return;
+void PaintSkinnedButton(HWND button, HDC context) {
     DRAWITEMSTRUCT item = {};
     item.CtlType = ODT_BUTTON;
     item.CtlID = static_cast<UINT>(GetDlgCtrlID(button));
@@ -151,25 +149,10 @@ void PaintSkinnedButton(HWND button) {
     const HGDIOBJ previous = font != nullptr ? SelectObject(context, font) : nullptr;
     DrawSkin(item);
     if (previous != nullptr) SelectObject(context, previous);
-    EndPaint(button, &paint);
 }
 
 bool HandleSkinnedButton(HWND button, UINT message, WPARAM w, LPARAM l, LRESULT* result) {
     switch (message) {
-        case WM_PAINT:
-            PaintSkinnedButton(button);
-            return true;
-        case WM_ERASEBKGND:
-            *result = 1;  // painting leaves no pixel out
-            return true;
-        case WM_ENABLE:
-            InvalidateRect(button, nullptr, FALSE);
-            return false;
-        case WM_SETTEXT:
-            // Past the button beneath, which would wipe the place of its old text.
-            *result = DefWindowProcA(button, message, w, l);
-            InvalidateRect(button, nullptr, FALSE);
-            return true;
         case WM_LBUTTONDBLCLK:
             // An owner-drawn button would take the second of two quick presses for
             // something else than a press.
@@ -186,7 +169,7 @@ bool HandleSkinnedButton(HWND button, UINT message, WPARAM w, LPARAM l, LRESULT*
             // place of the owner-drawn one.
             return true;
         default:
-            return false;
+            return platform::ViewPaintedControl<PaintSkinnedButton>(button, message, w, l, result);
     }
 }
 

@@ -5,6 +5,7 @@
 #include "fills/fountain_markers.h"
 #include "fills/fountain_mouse.h"
 #include "pipeline/image_painting.h"
+#include "platform/win32/painted_control.h"
 #include "platform/win32/views.h"
 #include "shell/control_contract.h"
 
@@ -87,13 +88,9 @@ void PaintFountain(HWND control, HDC context, const Fountain& fountain) {
     if (fountain.OutlineShown != 0) InvertOutline(context, fountain, client);
 }
 
-void Paint(HWND control) {
-    PAINTSTRUCT paint;
-    HDC context = BeginPaint(control, &paint);
-    if (context == nullptr) return;
+void Paint(HWND control, HDC context) {
     const LockedFountain fountain = LockFountain(platform::HandleOf(control));
     if (fountain) PaintFountain(control, context, *fountain.Get());
-    EndPaint(control, &paint);
 }
 
 void InvertShownOutline(HWND control) {
@@ -105,17 +102,8 @@ void InvertShownOutline(HWND control) {
     ReleaseDC(control, context);
 }
 
-bool HandleFountain(HWND control, UINT message, WPARAM, LPARAM l, LRESULT* result) {
+bool HandleFountain(HWND control, UINT message, WPARAM w, LPARAM l, LRESULT* result) {
     switch (message) {
-        case WM_PAINT:
-            Paint(control);
-            return true;
-        case WM_ERASEBKGND:
-            *result = 1;  // painting leaves no pixel out
-            return true;
-        case WM_ENABLE:
-            InvalidateRect(control, nullptr, FALSE);
-            return false;
         case WM_CAPTURECHANGED:
             if (reinterpret_cast<HWND>(l) != control) {
                 CancelFountainDrag(platform::HandleOf(control));
@@ -125,7 +113,7 @@ bool HandleFountain(HWND control, UINT message, WPARAM, LPARAM l, LRESULT* resul
             InvertShownOutline(control);
             return true;
         default:
-            return false;
+            return platform::ViewPaintedControl<Paint>(control, message, w, l, result);
     }
 }
 

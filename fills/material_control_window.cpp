@@ -4,6 +4,7 @@
 #include "controls/color_button.h"
 #include "fills/material_control.h"
 #include "pipeline/image_painting.h"
+#include "platform/win32/painted_control.h"
 #include "platform/win32/views.h"
 #include "shell/control_contract.h"
 
@@ -80,34 +81,13 @@ void PaintMaterialButton(HWND control, HDC context) {
 }
 
 bool ViewMaterialButton(HWND control, UINT message, WPARAM w, LPARAM l, LRESULT* result) {
-    switch (message) {
-        case WM_PAINT: {
-            PAINTSTRUCT paint;
-            HDC context = BeginPaint(control, &paint);
-            if (context == nullptr) return true;
-            PaintMaterialButton(control, context);
-            EndPaint(control, &paint);
-            return true;
-        }
-        case WM_DRAWITEM:
-            // What the button beneath asks its dialog for, and that sends on.
-            PaintMaterialButton(control, reinterpret_cast<const DRAWITEMSTRUCT*>(l)->hDC);
-            *result = TRUE;
-            return true;
-        case WM_ERASEBKGND:
-            *result = 1;  // painting leaves no pixel out
-            return true;
-        case WM_ENABLE:
-            InvalidateRect(control, nullptr, FALSE);
-            return false;
-        case WM_SETTEXT:
-            // Past the button beneath, which would wipe the place of its old text.
-            *result = DefWindowProcA(control, message, w, l);
-            InvalidateRect(control, nullptr, FALSE);
-            return true;
-        default:
-            return false;
+    if (message == WM_DRAWITEM) {
+        // What the button beneath asks its dialog for, and that sends on.
+        PaintMaterialButton(control, reinterpret_cast<const DRAWITEMSTRUCT*>(l)->hDC);
+        *result = TRUE;
+        return true;
     }
+    return platform::ViewPaintedControl<PaintMaterialButton>(control, message, w, l, result);
 }
 
 }  // namespace

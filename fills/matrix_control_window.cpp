@@ -2,6 +2,7 @@
 
 #include "fills/matrix_control.h"
 #include "pipeline/image_painting.h"
+#include "platform/win32/painted_control.h"
 #include "platform/win32/views.h"
 #include "shell/control_contract.h"
 
@@ -9,10 +10,7 @@ namespace tess {
 
 namespace {
 
-void PaintControl(HWND control) {
-    PAINTSTRUCT paint;
-    HDC device = BeginPaint(control, &paint);
-    if (device == nullptr) return;
+void PaintControl(HWND control, HDC device) {
     RECT box;
     GetClientRect(control, &box);
     const MatrixFace face = RenderMatrixFace(platform::HandleOf(control));
@@ -28,30 +26,12 @@ void PaintControl(HWND control) {
         InflateRect(&box, -face.Inset, -face.Inset);
         FillRect(device, &box, GetSysColorBrush(COLOR_BTNFACE));
     }
-    EndPaint(control, &paint);
-}
-
-bool ViewMatrixControl(HWND control, UINT message, WPARAM w, LPARAM l, LRESULT* result) {
-    switch (message) {
-        case WM_PAINT:
-            PaintControl(control);
-            return true;
-        case WM_ERASEBKGND:
-            *result = 1;  // painting leaves no pixel out
-            return true;
-        case WM_SETTEXT:
-            // Past the button beneath, which would wipe the place of its old text.
-            *result = DefWindowProcA(control, message, w, l);
-            return true;
-        default:
-            return false;
-    }
 }
 
 }  // namespace
 
 void InstallMatrixControlView() {
-    platform::SetControlView(kMatrixTag, ViewMatrixControl);
+    platform::SetControlView(kMatrixTag, platform::ViewPaintedControl<PaintControl>);
 }
 
 }  // namespace tess
