@@ -26,7 +26,7 @@ ColorWord DrawCell(HDC context, RECT box, bool is_selected) {
     return GetSysColor(color);
 }
 
-void DrawArrow(HDC context, const ArrowStrip& strip, int index, ColorWord background, POINT place) {
+void DrawArrow(HDC context, const BitmapFile& strip, int index, ColorWord background, POINT place) {
     const ArrowPicture picture = BlendArrow(strip, index, background);
     BITMAPINFO header = {};
     header.bmiHeader.biSize = sizeof header.bmiHeader;
@@ -54,8 +54,8 @@ void PaintPicker(HWND control, HDC context) {
     if (const PickerLayout* layout = FindPickerLayout(platform::ControlTag(handle))) {
         const std::uint32_t selected =
             SelectedDirection(platform::ParentDialog(handle), platform::ControlId(handle));
-        ArrowStrip strip;
-        const bool has_strip = OpenArrowStrip(platform::FindData(layout->ArrowStrip), &strip);
+        BitmapFile strip;
+        const bool has_strip = OpenBitmapFile(platform::FindData(layout->ArrowStrip), &strip);
         FillBetweenCells(control, context, *layout);
         int index = 0;
         for (const auto [left, top] : layout->Cells) {

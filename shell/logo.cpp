@@ -1,22 +1,22 @@
 #include "shell/logo.h"
 
-#include "controls/arrow_strip.h"
+#include "controls/bitmap_file.h"
 #include "platform/resources.h"
 
 namespace tess {
 
 int OpenLogo(ColorWord face, Logo* logo) {
     *logo = {};
-    ArrowStrip strip;
-    if (!OpenArrowStrip(platform::FindData(kLogoResource), &strip)) return 0;
-    if (strip.Width != kLogoSide || strip.Height != kLogoSide * kLogoFrames) return 0;
-    platform::OwnedBlock frames(NewPackedDib(strip.Width, strip.Height, nullptr, 24));
+    BitmapFile bitmap;
+    if (!OpenBitmapFile(platform::FindData(kLogoResource), &bitmap)) return 0;
+    if (bitmap.Width != kLogoSide || bitmap.Height != kLogoSide * kLogoFrames) return 0;
+    platform::OwnedBlock frames(NewPackedDib(bitmap.Width, bitmap.Height, nullptr, 24));
     {
         const LockedImage image(frames.Get());
         if (!image) return 0;
-        for (int y = 0; y < strip.Height; ++y) {
-            for (int x = 0; x < strip.Width; ++x)
-                SetDibPixel(image, x, y, BlendedArrowPixel(strip, x, y, face));
+        for (int y = 0; y < bitmap.Height; ++y) {
+            for (int x = 0; x < bitmap.Width; ++x)
+                SetDibPixel(image, x, y, BlendedPixel(bitmap, x, y, face));
         }
     }
     logo->Frames = frames.Release();

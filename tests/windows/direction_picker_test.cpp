@@ -75,16 +75,15 @@ TEST_F(PickerWindowTest, SecondOfTwoQuickPressesPicks) {
 
 TEST_F(PickerWindowTest, ArrowStandsTwoPixelsInAndOneMoreWhereSelected) {
     WithPicker(kScroll2Tag, [](WindowHandle, HWND picker) {
-        ArrowStrip strip;
-        ASSERT_TRUE(OpenArrowStrip(platform::FindData(7106), &strip));
+        BitmapFile strip;
+        ASSERT_TRUE(OpenBitmapFile(platform::FindData(7106), &strip));
         const WindowPicture picture(picker);
         for (int y = 0; y < kArrowSize; ++y) {
             for (int x = 0; x < kArrowSize; ++x) {
                 ASSERT_EQ(picture.At(2 + x, 2 + y),
-                          BlendedArrowPixel(strip, 2 + x, 2 + y, GetSysColor(COLOR_BTNFACE)));
-                ASSERT_EQ(
-                    picture.At(25 + 3 + x, 3 + y),
-                    BlendedArrowPixel(strip, 24 + 2 + x, 2 + y, GetSysColor(COLOR_BTNSHADOW)));
+                          BlendedPixel(strip, 2 + x, 2 + y, GetSysColor(COLOR_BTNFACE)));
+                ASSERT_EQ(picture.At(25 + 3 + x, 3 + y),
+                          BlendedPixel(strip, 24 + 2 + x, 2 + y, GetSysColor(COLOR_BTNSHADOW)));
             }
         }
     });
