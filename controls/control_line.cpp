@@ -4,6 +4,7 @@
 #include <cstring>
 #include <limits>
 
+#include "controls/hexadecimal.h"
 #include "platform/letter_case.h"
 
 namespace tess {
@@ -27,6 +28,11 @@ const char* FindLineValue(const char* line, const char* tag) {
 
 int FindLineId(const char* line) {
     return std::strlen(line) < kTagLength ? 0 : ReadNumber(line + kTagLength);
+}
+
+void WriteBlockLine(const char* tag, int id, std::span<const std::uint8_t> block,
+                    std::FILE* stream) {
+    std::fprintf(stream, "%s%d=%s\n", tag, id, Hexadecimal(block).c_str());
 }
 
 std::int32_t ReadNumber(const char* text) {

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdio>
+#include <span>
 
 namespace tess {
 
@@ -14,6 +16,10 @@ namespace tess {
 /// The control id in `line`: the number from its seventh character on, 0 when
 /// there is none.
 [[nodiscard]] int FindLineId(const char* line);
+
+/// Writes the line of a control whose value is a block.
+void WriteBlockLine(const char* tag, int id, std::span<const std::uint8_t> block,
+                    std::FILE* stream);
 
 /// A number as `atoi` reads it. Where `atoi` leaves the result open, an unsigned
 /// number of 32 bits keeps its bits, so that all that was written as one reads back;

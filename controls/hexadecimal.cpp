@@ -14,9 +14,14 @@ int DigitValue(char digit) {
 
 }  // namespace
 
-void WriteHexadecimal(std::span<const std::uint8_t> bytes, std::FILE* stream) {
-    for (const std::uint8_t byte : bytes)
-        std::fprintf(stream, "%02X", static_cast<unsigned>(byte));
+std::string Hexadecimal(std::span<const std::uint8_t> bytes) {
+    constexpr char kDigits[] = "0123456789ABCDEF";
+    std::string text;
+    for (const std::uint8_t byte : bytes) {
+        text += kDigits[byte >> 4];
+        text += kDigits[byte & 15];
+    }
+    return text;
 }
 
 bool ReadHexadecimal(const char* text, std::span<std::uint8_t> bytes) {

@@ -97,9 +97,8 @@ std::intptr_t Save(WindowHandle control, std::FILE* stream) {
     const LockedFountain fountain = LockFountain(control);
     if (!fountain) return 0;
     const Fountain stored = StoredForm(*fountain.Get());
-    std::fprintf(stream, "%s%d=", kFountainTag, platform::ControlId(control));
-    WriteHexadecimal({reinterpret_cast<const std::uint8_t*>(&stored), sizeof stored}, stream);
-    std::fputc('\n', stream);
+    WriteBlockLine(kFountainTag, platform::ControlId(control),
+                   {reinterpret_cast<const std::uint8_t*>(&stored), sizeof stored}, stream);
     return 1;
 }
 

@@ -88,9 +88,8 @@ std::intptr_t Save(WindowHandle control, std::FILE* stream) {
     if (!material) return 0;
     Material stored = *material.Get();
     ForgetMaterialHandles(&stored);
-    std::fprintf(stream, "%s%d=", kMaterialTag, platform::ControlId(control));
-    WriteHexadecimal({reinterpret_cast<const std::uint8_t*>(&stored), sizeof stored}, stream);
-    std::fputc('\n', stream);
+    WriteBlockLine(kMaterialTag, platform::ControlId(control),
+                   {reinterpret_cast<const std::uint8_t*>(&stored), sizeof stored}, stream);
     return 1;
 }
 

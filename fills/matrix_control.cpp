@@ -63,9 +63,8 @@ std::intptr_t Save(WindowHandle control, std::FILE* stream) {
     if (!tile) return 0;
     MatrixTile stored = *tile.Get();
     stored.Image = nullptr;
-    std::fprintf(stream, "%s%d=", kMatrixTag, platform::ControlId(control));
-    WriteHexadecimal({BytesOf(&stored), sizeof stored}, stream);
-    std::fputc('\n', stream);
+    WriteBlockLine(kMatrixTag, platform::ControlId(control), {BytesOf(&stored), sizeof stored},
+                   stream);
     return 1;
 }
 

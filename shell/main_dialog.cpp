@@ -7,8 +7,10 @@
 
 #include "controls/current_host.h"
 #include "controls/help.h"
+#include "controls/hexadecimal.h"
 #include "controls/skinned_button.h"
 #include "controls/spinner.h"
+#include "fills/fountain.h"
 #include "pipeline/build_driver.h"
 #include "platform/files.h"
 #include "platform/keyboard.h"
@@ -104,16 +106,12 @@ int AddStyles(WindowHandle dialog) {
 /// The stored records bear names, so none is found, and the controls stay as they are:
 /// that is meant, since each has started from its own default record.
 void ResetFountains(WindowHandle dialog) {
-    constexpr std::size_t kRecordBytes = 585;
     for (const int id : {270, 290, 306, 451, 496}) {
         const auto record = platform::FindData(id);
-        if (record.size() != kRecordBytes) continue;
-        std::string line = kFountainTag + std::to_string(id) + "=";
-        for (const std::byte byte : record) {
-            char digits[3];
-            std::snprintf(digits, sizeof digits, "%02X", std::to_integer<unsigned>(byte));
-            line += digits;
-        }
+        if (record.size() != sizeof(Fountain)) continue;
+        const auto* bytes = reinterpret_cast<const std::uint8_t*>(record.data());
+        const std::string line =
+            kFountainTag + std::to_string(id) + "=" + Hexadecimal({bytes, record.size()});
         platform::SendToWindow(platform::Control(dialog, id), LoadControl, 0,
                                reinterpret_cast<std::intptr_t>(line.c_str()));
         platform::RepaintControl(dialog, id);

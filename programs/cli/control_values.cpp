@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstdint>
 
+#include "controls/hexadecimal.h"
 #include "controls/spinner.h"
 #include "fills/fountain_control.h"
 #include "programs/cli/fountain_text.h"
@@ -58,17 +60,6 @@ LineValue BlockValue(std::string_view text) {
     return {std::string(text), ""};
 }
 
-std::string Digits(const Fountain& fountain) {
-    constexpr char kDigits[] = "0123456789ABCDEF";
-    const auto* bytes = reinterpret_cast<const std::uint8_t*>(&fountain);
-    std::string digits;
-    for (std::size_t i = 0; i < sizeof fountain; ++i) {
-        digits += kDigits[bytes[i] >> 4];
-        digits += kDigits[bytes[i] & 15];
-    }
-    return digits;
-}
-
 // Colours are put over the control's own record, which stays looped or not.
 LineValue FountainValue(platform::WindowHandle control, std::string_view text) {
     Fountain fountain;
@@ -80,7 +71,7 @@ LineValue FountainValue(platform::WindowHandle control, std::string_view text) {
                                   : ReadFountainColors(text, &fountain);
     if (!error.empty()) return Wrong(error);
     fountain.Preview = nullptr;
-    return {Digits(fountain), ""};
+    return {Hexadecimal({reinterpret_cast<const std::uint8_t*>(&fountain), sizeof fountain}), ""};
 }
 
 }  // namespace

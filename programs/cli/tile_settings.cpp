@@ -4,6 +4,7 @@
 #include <optional>
 #include <vector>
 
+#include "controls/hexadecimal.h"
 #include "fills/matrix_control.h"
 #include "fills/matrix_group_file.h"
 #include "platform/files.h"
@@ -48,14 +49,8 @@ void LoadTile(platform::WindowHandle dialog, int id, const std::string& path, in
     tile.Image = nullptr;
     tile.Element = element;
     if (!path.empty()) SetMatrixTilePath(&tile, path);
-    std::string digits;
-    for (std::size_t i = 0; i < sizeof tile; ++i) {
-        char two[3];
-        std::snprintf(two, sizeof two, "%02X",
-                      unsigned{reinterpret_cast<const std::uint8_t*>(&tile)[i]});
-        digits += two;
-    }
-    LoadControlValue(dialog, id, digits);
+    LoadControlValue(dialog, id,
+                     Hexadecimal({reinterpret_cast<const std::uint8_t*>(&tile), sizeof tile}));
 }
 
 // Returns what is wrong with an index, empty when nothing is.

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "controls/direction_picker.h"
+#include "controls/hexadecimal.h"
 #include "controls/spinner.h"
 #include "fills/fountain.h"
 #include "fills/matrix_control.h"
@@ -115,13 +116,9 @@ int RandomSettings::LoadFountain(WindowHandle dialog, int id) {
     std::sort(markers, markers + fountain.Count);
     std::memcpy(fountain.Markers, markers, sizeof markers);
 
-    std::string line = kFountainTag + std::to_string(id) + "=";
-    for (std::size_t i = 0; i < sizeof fountain; ++i) {
-        char digits[3];
-        std::snprintf(digits, sizeof digits, "%02X",
-                      unsigned{reinterpret_cast<const std::uint8_t*>(&fountain)[i]});
-        line += digits;
-    }
+    const std::string line =
+        kFountainTag + std::to_string(id) + "=" +
+        Hexadecimal({reinterpret_cast<const std::uint8_t*>(&fountain), sizeof fountain});
     platform::SendToWindow(platform::Control(dialog, id), LoadControl, 0,
                            reinterpret_cast<std::intptr_t>(line.c_str()));
     return fountain.Count;

@@ -2,6 +2,7 @@
 // that put one into a run.
 #include <gtest/gtest.h>
 
+#include "controls/hexadecimal.h"
 #include "tests/programs/program_run.h"
 
 namespace tess {
@@ -124,11 +125,7 @@ TEST_F(FountainProgram, FileAndColorsAndDigitsPutTheSameFountainIntoARun) {
     std::string digits;
     auto bytes = folder_.Bytes("a.mtrl");
     bytes[16] = 3;
-    for (const std::uint8_t byte : bytes) {
-        digits += "0123456789ABCDEF"[byte >> 4];
-        digits += "0123456789ABCDEF"[byte & 15];
-    }
-    EXPECT_EQ(by_file, Sample("--set 270=" + digits));
+    EXPECT_EQ(by_file, Sample("--set 270=" + Hexadecimal(bytes)));
 }
 
 TEST_F(FountainProgram, WrongFountainFileIsNamed) {

@@ -15,6 +15,7 @@
 #include <string>
 #include <string_view>
 
+#include "controls/hexadecimal.h"
 #include "controls/spinner.h"
 #include "fills/matrix_tile.h"
 #include "platform/files.h"
@@ -61,14 +62,7 @@ std::string TileDigits() {
     MatrixTile tile{};
     SetMatrixTilePath(&tile, "tiles.mtx");
     tile.Element = static_cast<std::int32_t>(Draw(100));
-    std::string digits;
-    for (std::size_t i = 0; i < sizeof tile; ++i) {
-        char two[3];
-        std::snprintf(two, sizeof two, "%02X",
-                      unsigned{reinterpret_cast<const std::uint8_t*>(&tile)[i]});
-        digits += two;
-    }
-    return digits;
+    return Hexadecimal({reinterpret_cast<const std::uint8_t*>(&tile), sizeof tile});
 }
 
 void SetAll(platform::WindowHandle dialog) {
