@@ -15,7 +15,7 @@ bool TakeText(std::string& target, std::string_view value) {
 }
 
 bool TakeNumber(int& target, std::string_view value, int least, int most) {
-    const auto number = ReadNumber(value);
+    const auto number = ParseNumber(value);
     if (!number || *number < least || *number > most) return false;
     target = static_cast<int>(*number);
     return true;

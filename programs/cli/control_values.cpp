@@ -41,7 +41,7 @@ LineValue CheckBoxValue(platform::WindowHandle dialog, int id, std::string_view 
 
 LineValue ChoiceValue(platform::WindowHandle dialog, int id, std::string_view text) {
     const int count = platform::ItemCount(dialog, id);
-    if (ReadNumber(text)) return NumberBetween(text, 0, count - 1);
+    if (ParseNumber(text)) return NumberBetween(text, 0, count - 1);
     for (int i = 0; i < count; ++i) {
         if (PlainName(platform::ItemText(dialog, id, i)) == PlainName(text)) {
             return {std::to_string(i), ""};
@@ -78,7 +78,7 @@ LineValue FountainValue(platform::WindowHandle control, std::string_view text) {
 
 LineValue NumberBetween(std::string_view text, std::int64_t least, std::int64_t most) {
     const std::string range = std::to_string(least) + " to " + std::to_string(most);
-    const auto number = ReadNumber(text);
+    const auto number = ParseNumber(text);
     if (!number) return Wrong("is no number; it takes " + range);
     if (*number < least || *number > most) return Wrong("is out of range; it takes " + range);
     return {std::to_string(*number), ""};

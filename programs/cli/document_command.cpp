@@ -44,7 +44,7 @@ std::string ReadableValue(platform::WindowHandle dialog, const DocumentLine& lin
     if (line.Tag == kCheckBoxTag) return line.Value == "0" ? "no" : "yes";
     if (line.Tag == kColorButtonTag) return ColorText(ReadColor(line.Value).value_or(0));
     if (line.Tag == kComboBoxTag) {
-        const auto index = ReadNumber(std::string_view(line.Value)).value_or(-1);
+        const auto index = ParseNumber(line.Value).value_or(-1);
         return index < 0 ? "none" : platform::ItemText(dialog, line.Id, static_cast<int>(index));
     }
     const bool is_block =

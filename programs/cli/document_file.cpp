@@ -83,7 +83,7 @@ std::string CheckLine(platform::WindowHandle dialog, std::string_view text, Docu
     line->Tag = text.substr(0, kTagLength);
     line->Value = text.substr(equals + 1);
     const std::string id(text.substr(kTagLength, equals - kTagLength));
-    const auto number = IsPlainNumber(id) ? ReadNumber(std::string_view(id)) : std::nullopt;
+    const auto number = IsPlainNumber(id) ? ParseNumber(id) : std::nullopt;
     if (!number || *number < 1 || *number > 0xFFFF) return ShownText(id) + " is no control's id";
     line->Id = static_cast<int>(*number);
     const platform::WindowHandle control = platform::Control(dialog, line->Id);

@@ -56,7 +56,7 @@ Fountain FountainOf(const FountainLibraryEntry& entry) {
 
 // Finds the entry that a number means.
 int FindEntry(const FountainLibraryEntries& entries, const std::string& text, std::size_t* index) {
-    const auto number = ReadNumber(text);
+    const auto number = ParseNumber(text);
     if (number && *number >= 0 && static_cast<std::size_t>(*number) < entries.size()) {
         *index = static_cast<std::size_t>(*number);
         return kDone;
@@ -68,7 +68,7 @@ int FindEntry(const FountainLibraryEntries& entries, const std::string& text, st
 
 bool IsEntryNumber(const std::string& text) {
     constexpr std::size_t kMostDigits = 10;  // hexadecimal digits are many more
-    return text.size() <= kMostDigits && ReadNumber(text).has_value();
+    return text.size() <= kMostDigits && ParseNumber(text).has_value();
 }
 
 // Reads what an operand means: an entry by its number, a control's file, or a text.

@@ -23,7 +23,7 @@ struct ColorStop {
 std::string ReadStop(std::string_view text, ColorStop* stop) {
     const std::size_t colon = text.find(':');
     if (colon != std::string_view::npos) {
-        const auto position = ReadNumber(text.substr(0, colon));
+        const auto position = ParseNumber(text.substr(0, colon));
         if (!position || *position < 1 || *position > kLastPosition) {
             return "has the position " + ShownText(text.substr(0, colon)) + "; it takes 1 to 255";
         }

@@ -81,7 +81,7 @@ std::optional<std::int64_t> ReadChoice(const MaterialValue& row, std::string_vie
     for (int i = row.Least; i <= row.Most; ++i) {
         if (PlainName(text) == PlainName(ChoiceName(row, i))) return i;
     }
-    const auto index = ReadNumber(text);
+    const auto index = ParseNumber(text);
     return index && *index >= row.Least && *index <= row.Most ? index : std::nullopt;
 }
 
@@ -102,7 +102,7 @@ std::optional<std::int64_t> ReadFor(const MaterialValue& row, std::string_view t
             return std::nullopt;
         case Kind::Number:
             *takes = std::to_string(row.Least) + " to " + std::to_string(row.Most);
-            if (const auto number = ReadNumber(text);
+            if (const auto number = ParseNumber(text);
                 number && *number >= row.Least && *number <= row.Most) {
                 return number;
             }

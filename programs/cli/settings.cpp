@@ -84,7 +84,7 @@ int ControlOfKey(std::string_view key) {
 // The control that `key` means, or 0.
 int FindControl(platform::WindowHandle dialog, std::string_view key) {
     if (IsNumberText(key)) {
-        const auto id = ReadNumber(key);
+        const auto id = ParseNumber(key);
         return id && *id <= 0xFFFF ? static_cast<int>(*id) : 0;
     }
     const int style = std::clamp(platform::Selection(dialog, kEffectList), 0, kStyleCount - 1);
@@ -102,7 +102,7 @@ void FinishPicker(platform::WindowHandle dialog, int id, const std::string& valu
     platform::SetControlText(dialog, id, value);
     platform::SendToWindow(control, ReadControlText, 0, 0);
     if (const auto place = FindParameterByControl(id); place.Parameter != nullptr) {
-        place.Parameter->Value = static_cast<std::uint32_t>(*ReadNumber(value));
+        place.Parameter->Value = static_cast<std::uint32_t>(*ParseNumber(value));
     }
 }
 
@@ -118,7 +118,7 @@ std::string SetVariable(const ConfigKey& row, std::string_view text) {
     const LineValue value = NumberBetween(text, 0, 0xFFFFFFFF);
     if (value.Error.empty()) {
         *static_cast<std::uint32_t*>(row.Value) =
-            static_cast<std::uint32_t>(*ReadNumber(value.Value));
+            static_cast<std::uint32_t>(*ParseNumber(value.Value));
     }
     return value.Error;
 }

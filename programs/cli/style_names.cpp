@@ -28,7 +28,7 @@ ParameterPlace FindInAll(Predicate matches) {
 }  // namespace
 
 int FindStyle(std::string_view text) {
-    if (const auto index = ReadNumber(text)) {
+    if (const auto index = ParseNumber(text)) {
         return *index >= 0 && *index < kStyleCount ? static_cast<int>(*index) : -1;
     }
     const std::string name = PlainName(text);

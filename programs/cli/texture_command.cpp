@@ -70,7 +70,7 @@ void ListAsTable(TextureGroupReader& reader) {
 
 // Finds an item by its name, or by its index in the group.
 bool FindItem(TextureGroupReader& reader, const std::string& wanted, NamedTexture* found) {
-    const auto number = ReadNumber(wanted);
+    const auto number = ParseNumber(wanted);
     bool is_found = false;
     NamedTexture texture{0, {}, {}};
     for (; reader.Next(&texture.name, &texture.item); ++texture.index) {

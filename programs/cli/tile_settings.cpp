@@ -67,7 +67,7 @@ std::string CheckIndex(const std::string& path, std::string_view text) {
     const std::string name(platform::FileNameOf(path));
     const std::string holds =
         "; " + name + " holds " + std::to_string(group.Count()) + " tiles, counted from 0";
-    const auto index = ReadNumber(text);
+    const auto index = ParseNumber(text);
     if (!index) return "is no number" + holds;
     return *index < 0 || *index >= group.Count() ? "is out of range" + holds : "";
 }
@@ -130,7 +130,7 @@ SettingFault FindTile(Setting* setting) {
 
 SettingFault ApplyTile(platform::WindowHandle dialog, const Setting& setting) {
     if (setting.Key.empty()) return ApplyPicture(dialog, setting.Value);
-    const auto index = static_cast<int>(ReadNumber(setting.Value).value_or(0));
+    const auto index = static_cast<int>(ParseNumber(setting.Value).value_or(0));
     ForEachMatrix([&](StyleParameter& parameter) {
         LoadTile(dialog, parameter.ControlId, setting.Key, index);
         parameter.Value = static_cast<std::uint32_t>(index);
@@ -146,7 +146,7 @@ std::string SetTileIndex(platform::WindowHandle dialog, int id, std::string_view
     if (const LockedMatrixTile tile = LockMatrixTile(platform::Control(dialog, id)); tile)
         path = MatrixTilePath(*tile.Get());
     if (std::string error = CheckIndex(path, text); !error.empty()) return error;
-    const auto index = static_cast<int>(ReadNumber(text).value_or(0));
+    const auto index = static_cast<int>(ParseNumber(text).value_or(0));
     LoadTile(dialog, id, path, index);
     ForEachMatrix([&](StyleParameter& parameter) {
         if (parameter.ControlId == id) parameter.Value = static_cast<std::uint32_t>(index);

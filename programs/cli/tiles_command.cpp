@@ -149,7 +149,7 @@ int ListTiles(const MatrixGroup& group, bool as_json) {
 
 // The index that the user has written, -1 after telling him that there is no such tile.
 int FindTileIndex(const MatrixGroup& group, const std::string& text) {
-    const auto index = ReadNumber(text);
+    const auto index = ParseNumber(text);
     if (index && *index >= 0 && *index < group.Count()) return static_cast<int>(*index);
     TellUser(ShownText(text) + " is no tile of the group, which holds " +
              std::to_string(group.Count()) + ", counted from 0");

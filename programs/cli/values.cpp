@@ -23,26 +23,28 @@ char Lower(char c) {
     return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
 }
 
-// All of `digits` as an unsigned number.
+// All of `digits` as an unsigned number, the largest where they say more.
 std::optional<std::uint64_t> ReadDigits(std::string_view digits, int base) {
     std::uint64_t value = 0;
     const char* end = digits.data() + digits.size();
     const auto [stop, error] = std::from_chars(digits.data(), end, value, base);
-    if (digits.empty() || error != std::errc() || stop != end) return std::nullopt;
-    return value;
+    if (digits.empty() || stop != end) return std::nullopt;
+    if (error == std::errc::result_out_of_range) return ~std::uint64_t{0};
+    return error == std::errc() ? std::optional(value) : std::nullopt;
 }
 
 }  // namespace
 
-std::optional<std::int64_t> ReadNumber(std::string_view text) {
-    constexpr std::uint64_t kLargest = 0x7FFFFFFFFFFFFFFF;
+std::optional<std::int64_t> ParseNumber(std::string_view text) {
+    constexpr std::int64_t kLargest = 0x7FFFFFFFFFFFFFFF;
     const bool is_negative = text.starts_with('-');
     if (is_negative || text.starts_with('+')) text.remove_prefix(1);
     const bool is_hexadecimal = text.starts_with("0x") || text.starts_with("0X");
     if (is_hexadecimal) text.remove_prefix(2);
     const auto value = ReadDigits(text, is_hexadecimal ? 16 : 10);
-    if (!value || *value > kLargest) return std::nullopt;
-    const auto number = static_cast<std::int64_t>(*value);
+    if (!value) return std::nullopt;
+    const std::int64_t number =
+        *value > std::uint64_t{kLargest} ? kLargest : static_cast<std::int64_t>(*value);
     return is_negative ? -number : number;
 }
 
@@ -53,7 +55,7 @@ std::optional<std::uint32_t> ReadColor(std::string_view text) {
         const auto value = static_cast<std::uint32_t>(*rgb);
         return (value & 0xFF) << 16 | (value & 0xFF00) | value >> 16;
     }
-    const auto number = ReadNumber(text);
+    const auto number = ParseNumber(text);
     if (!number || *number < 0 || *number > 0xFFFFFFFF) return std::nullopt;
     return static_cast<std::uint32_t>(*number);
 }

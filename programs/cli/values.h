@@ -9,7 +9,8 @@
 namespace tess {
 
 /// A whole number: decimal with or without a sign, or 0x and hexadecimal digits.
-[[nodiscard]] std::optional<std::int64_t> ReadNumber(std::string_view text);
+/// One that 64 bits do not hold is held at the nearest, so that it is out of every range.
+[[nodiscard]] std::optional<std::int64_t> ParseNumber(std::string_view text);
 /// A colour word: "#RRGGBB", or the word itself as a number.
 [[nodiscard]] std::optional<std::uint32_t> ReadColor(std::string_view text);
 /// "yes", "on", "true", "1", or their opposites.

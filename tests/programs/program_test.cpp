@@ -92,6 +92,7 @@ TEST_F(ProgramTest, WrongUseEndsWithTwo) {
 
 TEST_F(ProgramTest, WrongSettingsNameKeyAndRange) {
     const std::string build = "build bubbles -o a.gif --set ";
+    ExpectRefusal(Run(build + "seed=99999999999999999999"), 2, "is out of range; it takes 100");
     ExpectRefusal(Run(build + "seed=99"), 2, "seed: '99' is out of range; it takes 100 to 32760");
     ExpectRefusal(Run(build + "Style000Seed=x"), 2, "Style000Seed: 'x' is no number; it takes 100");
     ExpectRefusal(Run(build + "112=32761"), 2, "112: '32761'");

@@ -6,15 +6,21 @@ namespace tess {
 namespace {
 
 TEST(Values, NumbersAreDecimalOrHexadecimal) {
-    EXPECT_EQ(ReadNumber("10632"), 10632);
-    EXPECT_EQ(ReadNumber("-5"), -5);
-    EXPECT_EQ(ReadNumber("0x1F"), 31);
+    EXPECT_EQ(ParseNumber("10632"), 10632);
+    EXPECT_EQ(ParseNumber("-5"), -5);
+    EXPECT_EQ(ParseNumber("0x1F"), 31);
 }
 
 TEST(Values, WhatIsNoNumberAsAWholeIsNone) {
-    for (const char* text : {"", "-", "abc", "12a", "0x", "1.5", " 1", "99999999999999999999"}) {
-        EXPECT_FALSE(ReadNumber(text).has_value()) << text;
+    for (const char* text : {"", "-", "abc", "12a", "0x", "1.5", " 1"}) {
+        EXPECT_FALSE(ParseNumber(text).has_value()) << text;
     }
+}
+
+TEST(Values, NumberBeyond64BitsIsHeldAtTheNearest) {
+    EXPECT_EQ(ParseNumber("99999999999999999999"), 0x7FFFFFFFFFFFFFFF);
+    EXPECT_EQ(ParseNumber("-0xFFFFFFFFFFFFFFFFF"), -0x7FFFFFFFFFFFFFFF);
+    EXPECT_FALSE(ParseNumber("99999999999999999999x").has_value());
 }
 
 TEST(Values, ColorWordHasRedInItsLowByte) {
@@ -24,7 +30,8 @@ TEST(Values, ColorWordHasRedInItsLowByte) {
 }
 
 TEST(Values, WhatIsNoColorIsNone) {
-    for (const char* text : {"#12345", "#1234567", "#GG0000", "red", "-1", "0x100000000"}) {
+    for (const char* text :
+         {"#12345", "#1234567", "#GG0000", "red", "-1", "0x100000000", "99999999999999999999"}) {
         EXPECT_FALSE(ReadColor(text).has_value()) << text;
     }
 }
