@@ -25,17 +25,17 @@ std::string Hexadecimal(std::span<const std::uint8_t> bytes) {
 }
 
 bool ReadHexadecimal(const char* text, std::span<std::uint8_t> bytes) {
-    for (std::uint8_t& byte : bytes) {
+    for (std::size_t place = 0;; ++place, text += 2) {
         if (text[0] == '\0') return true;
         const int high = DigitValue(text[0]);
         if (high < 0) return false;
         if (text[1] == '\0') return true;
         const int low = DigitValue(text[1]);
         if (low < 0) return false;
-        byte = static_cast<std::uint8_t>(high << 4 | low);
-        text += 2;
+        // More than the one spare pair would be written past the end of a block.
+        if (place > bytes.size()) return false;
+        if (place < bytes.size()) bytes[place] = static_cast<std::uint8_t>(high << 4 | low);
     }
-    return true;
 }
 
 }  // namespace tess

@@ -9,9 +9,11 @@ namespace tess {
 
 [[nodiscard]] std::string Hexadecimal(std::span<const std::uint8_t> bytes);
 
-/// Reads pairs of digits, of either case, over `bytes` until the text or the bytes
-/// end; what the text does not reach stays as it is, and half a pair at its end is
-/// dropped. Returns false at any other character.
+/// Reads pairs of digits, of either case, over `bytes` up to the text's end; what the text
+/// does not reach stays as it is, and half a pair at its end is dropped. One pair more than
+/// the bytes take is let pass unread: a block is read with a spare byte behind it. Returns
+/// false at any other character, wherever it stands, and at any further pair; `bytes` may
+/// have been changed by then.
 [[nodiscard]] bool ReadHexadecimal(const char* text, std::span<std::uint8_t> bytes);
 
 }  // namespace tess

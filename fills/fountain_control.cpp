@@ -68,8 +68,13 @@ int PutRecord(WindowHandle control, const Fountain& fountain) {
     return 1;
 }
 
-void Repaint(WindowHandle control) {
-    platform::RepaintControl(platform::ParentDialog(control), platform::ControlId(control));
+/// The same for a record that came while the dialog is open, which shows it then.
+int ShowRecord(WindowHandle control, const Fountain& fountain) {
+    if (PutRecord(control, fountain) == 0) return 0;
+    const WindowHandle dialog = platform::ParentDialog(control);
+    platform::RepaintControl(dialog, platform::ControlId(control));
+    platform::PostToWindow(dialog, RefreshSample, 0, 0);
+    return 1;
 }
 
 void Initialize(WindowHandle control, bool remember) {
@@ -102,15 +107,15 @@ std::intptr_t Save(WindowHandle control, std::FILE* stream) {
     return 1;
 }
 
+/// A line that cannot be taken, for its digits or for lack of memory, leaves the old record;
+/// it was the control's all the same.
 std::intptr_t Load(WindowHandle control, const char* line) {
     const char* value = FindLineValue(line, kFountainTag);
     if (value == nullptr) return 0;
     Fountain fountain{};
     auto* bytes = reinterpret_cast<std::uint8_t*>(&fountain);
-    if (!ReadHexadecimal(value, {bytes, sizeof fountain})) return 1;
-    if (PutRecord(control, fountain) == 0) return 1;
-    Repaint(control);
-    platform::PostToWindow(platform::ParentDialog(control), RefreshSample, 0, 0);
+    if (ReadHexadecimal(value, {bytes, sizeof fountain}))
+        static_cast<void>(ShowRecord(control, fountain));
     return 1;
 }
 
@@ -208,10 +213,7 @@ int LoadFountainFile(WindowHandle control, std::string_view path) {
         if (!old) return 0;
         fountain.Flags |= OwnFlags(control) | (old->Flags & kFountainSaved);
     }
-    if (PutRecord(control, fountain) == 0) return 0;
-    Repaint(control);
-    platform::PostToWindow(platform::ParentDialog(control), RefreshSample, 0, 0);
-    return 1;
+    return ShowRecord(control, fountain);
 }
 
 LockedFountain LockFountain(WindowHandle control) {

@@ -107,6 +107,10 @@ std::intptr_t Load(WindowHandle control, const char* line) {
         if (!ReadHexadecimal(value, {bytes, sizeof(Material)})) return 1;
         ForgetMaterialHandles(material);
         material->Pressed = 0;  // the mouse is elsewhere
+        if (const LockedMaterial old = LockMaterial(control); old) {
+            material->Preview = old->Preview;
+            old->Preview = nullptr;
+        }
         RenderAndMeasurePreview(control, material);
     }
     ReplaceRecord(control, block.Release());

@@ -26,9 +26,11 @@ protected:
         });
         return {bytes.begin(), bytes.end()};
     }
+    /// Gives the button a line as a document's reader does, without its end.
     static std::intptr_t Load(WindowHandle dialog, const std::string& line) {
+        const std::string text = line.substr(0, line.find('\n'));
         return platform::SendToWindow(Button(dialog), LoadControl, 0,
-                                      reinterpret_cast<std::intptr_t>(line.c_str()));
+                                      reinterpret_cast<std::intptr_t>(text.c_str()));
     }
     static void Mouse(WindowHandle dialog, std::uint32_t message, int x, int y) {
         platform::SendToWindow(Button(dialog), message, 0, platform::MousePlace(x, y));
@@ -196,6 +198,18 @@ TEST_F(MaterialControl, LackOfMemoryLeavesTheRecord) {
         EXPECT_EQ(Load(dialog, line), 1);
         platform::FailAllocation(0);
         EXPECT_EQ(std::uint32_t{MaterialIn(dialog)->SimpleColor}, kColor);
+    });
+}
+
+TEST_F(MaterialControl, LineThatCannotBeRenderedKeepsTheOldPreview) {
+    WithButton([](WindowHandle dialog) {
+        SetMode(dialog, MaterialMode::Texture);
+        MaterialIn(dialog)->Texture.TextureType = 77;
+        const std::string line = Saved(dialog);
+        EXPECT_EQ(Load(dialog, line), 1);
+        EXPECT_EQ(MaterialIn(dialog)->Mode, MaterialMode::Texture);
+        EXPECT_EQ(PreviewPixel(dialog), kColor);
+        EXPECT_EQ(std::uint32_t{MaterialIn(dialog)->AverageColor}, kColor);
     });
 }
 

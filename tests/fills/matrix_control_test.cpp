@@ -37,8 +37,10 @@ protected:
     static std::intptr_t Send(WindowHandle control, std::uint32_t message, std::intptr_t l = 0) {
         return platform::SendToWindow(control, message, 0, l);
     }
+    /// Gives the control a line as a document's reader does, without its end.
     static std::intptr_t Load(WindowHandle control, const std::string& line) {
-        return Send(control, LoadControl, reinterpret_cast<std::intptr_t>(line.c_str()));
+        const std::string text = line.substr(0, line.find('\n'));
+        return Send(control, LoadControl, reinterpret_cast<std::intptr_t>(text.c_str()));
     }
     std::string Save(WindowHandle control) const {
         const std::string path = folder_.File("line");

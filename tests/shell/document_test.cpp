@@ -65,7 +65,29 @@ TEST_F(DocumentTest, LoadingShowsTheStyleThatItSelectsAndWritesBackTheSameText) 
     });
 }
 
-// --- One panel
+/// The text with one hexadecimal digit of a control's record changed.
+std::string WithAnotherDigit(const std::string& text, const std::string& tag, std::size_t digit) {
+    std::string changed = text;
+    const std::size_t place = changed.find('=', changed.find("\n" + tag)) + 1 + digit;
+    changed[place] = changed[place] == '1' ? '2' : '1';
+    return changed;
+}
+
+TEST_F(DocumentTest, RecordsOfControlsComeBackAfterAChange) {
+    InDialog([&](WindowHandle dialog) {
+        const std::string first = WriteFrom(dialog);
+        // A colour of a fountain; the element of a tile.
+        for (const auto& [tag, byte] : {std::pair{"FOUNTB270", 24}, {"MATRIX362", 261}}) {
+            const std::string changed =
+                WithAnotherDigit(first, tag, 2 * static_cast<std::size_t>(byte) + 1);
+            ASSERT_NE(changed, first);
+            EXPECT_EQ(ReadIn(dialog, changed), 1);
+            EXPECT_EQ(WriteFrom(dialog), changed) << tag;
+            EXPECT_EQ(ReadIn(dialog, first), 1);
+            EXPECT_EQ(WriteFrom(dialog), first) << tag;
+        }
+    });
+}
 
 TEST_F(DocumentTest, ControlsWithoutATagAreNotWritten) {
     InPanelDialog([&](WindowHandle dialog) {

@@ -34,9 +34,11 @@ protected:
         std::fclose(stream);
         return line;
     }
+    /// Gives the control a line as a document's reader does, without its end.
     static std::intptr_t LoadLine(WindowHandle control, const std::string& line) {
+        const std::string text = line.substr(0, line.find('\n'));
         return platform::SendToWindow(control, LoadControl, 0,
-                                      reinterpret_cast<std::intptr_t>(line.c_str()));
+                                      reinterpret_cast<std::intptr_t>(text.c_str()));
     }
     static Fountain FountainOf(WindowHandle control) {
         Fountain fountain{};
@@ -89,8 +91,31 @@ TEST_F(FountainBinding, LineWithAnotherDigitIsTakenAndChangesNothing) {
         const std::string line = LineOf(control);
         EXPECT_EQ(LoadLine(control, "FOUNTB270=5152x"), 1);
         EXPECT_EQ(LineOf(control), line);
-        EXPECT_EQ(LoadLine(control, "MATRIX270=00"), 0);
+    });
+}
+
+TEST_F(FountainBinding, LineOfAnotherTagOrWithoutAnEqualSignIsNotTaken) {
+    InDialog([](WindowHandle dialog) {
+        const WindowHandle control = platform::Control(dialog, 270);
+        const std::string line = LineOf(control);
+        for (const char* other : {"MATRIX270=00", "FOUNTB270", "FOUNTB270 5152"}) {
+            EXPECT_EQ(LoadLine(control, other), 0) << other;
+            EXPECT_EQ(LineOf(control), line) << other;
+        }
+    });
+}
+
+TEST_F(FountainBinding, OtherCharacterBehindAWholeRecordRefusesIt) {
+    InDialog([](WindowHandle dialog) {
+        const WindowHandle control = platform::Control(dialog, 270);
+        const std::string line = LineOf(control);
+        // Another record, which would unloop the control.
+        std::string other = line.substr(0, line.find('\n'));
+        other.replace(10 + 2 * 16, 2, "01");
+        EXPECT_EQ(LoadLine(control, other + "z"), 1);
         EXPECT_EQ(LineOf(control), line);
+        EXPECT_EQ(LoadLine(control, other + "00"), 1);
+        EXPECT_NE(LineOf(control), line);
     });
 }
 
