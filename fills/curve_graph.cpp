@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "controls/color_button.h"
+#include "fills/texture_picture.h"
 #include "raster/lines.h"
 #include "raster/shapes.h"
 
@@ -27,6 +28,11 @@ constexpr char kTags[][7] = {"CURVER", "CURVEG", "CURVEB"};
 
 /// The point that is dragged, in the control that has the mouse.
 int held_handle = -1;
+
+/// What a handle can reach: a file may hold any value.
+float Held(float value) {
+    return static_cast<float>(HoldToUnit(double{value}));
+}
 
 ColorWord ColorOf(CurveChannel channel) {
     constexpr ColorWord kColors[] = {0x404080, 0x408040, 0x804040};
@@ -84,7 +90,7 @@ void ChooseHandleColor(WindowHandle control, const MouseAt& mouse) {
     if (point < 0) return;
     ReleaseHandle(control);
     const auto level = [&](CurveChannel channel) {
-        return static_cast<int>(CurvePoint(*graph.Item, channel, point) * 255);
+        return static_cast<int>(Held(CurvePoint(*graph.Item, channel, point)) * 255);
     };
     ColorWord color =
         MakeColor(level(CurveChannel::Red), level(CurveChannel::Green), level(CurveChannel::Blue));
@@ -205,9 +211,8 @@ void SetCurvePoint(TextureItem* item, CurveChannel channel, int point, float val
 }
 
 void ResetCurve(TextureItem* item, CurveChannel channel) {
-    constexpr float kLine[] = {0.0F, 0.33F, 0.67F, 1.0F};
     for (int point = 0; point < kCurvePoints; ++point)
-        SetCurvePoint(item, channel, point, kLine[point]);
+        SetCurvePoint(item, channel, point, kStartCurve[point]);
 }
 
 void InstallCurveGraphs(WindowHandle dialog, std::span<const int, 3> ids, TextureItem* item) {
@@ -261,10 +266,8 @@ CurveBox CurveArea(platform::PixelSize client) {
 
 CurveHandle PlaceHandle(const CurveBox& area, int point, float value) {
     const int third = (area.Right - area.Left) / 3;
-    // A file may hold any value; the control draws what its handles can reach.
-    const double held = value > 0.0F ? std::min(double{value}, 1.0) : 0.0;
     return {area.Left + point * third,
-            area.Bottom - static_cast<int>((area.Bottom - area.Top) * held)};
+            area.Bottom - static_cast<int>((area.Bottom - area.Top) * double{Held(value)})};
 }
 
 int HandleAt(const CurveBox& area, const CurveGraph& graph, int x, int y) {
@@ -289,7 +292,7 @@ int HeldHandle(WindowHandle control) {
 }
 
 int HandleNumber(float value) {
-    return 255 - static_cast<int>((1 - value) * 255);
+    return 255 - static_cast<int>((1 - Held(value)) * 255);
 }
 
 CurveBox PlaceNumber(const CurveBox& area, int point, const CurveHandle& handle,

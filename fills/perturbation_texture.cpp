@@ -10,6 +10,7 @@
 #include <cstddef>
 
 #include "fills/lattice_noise.h"
+#include "fills/texture_fields.h"
 #include "fills/texture_picture.h"
 #include "runtime/mathematics.h"
 #include "runtime/random.h"
@@ -18,17 +19,18 @@ namespace tess {
 
 namespace {
 
-constexpr double kAlmostNothing = 1.1920929e-7;
+constexpr float kAlmostNothing = 1.1920929e-7F;
 constexpr int kColors = 256;
 
 /// A smooth curve through four points at 0, 1/3, 2/3 and 1 (E. Catmull and R. Rom, "A
 /// Class of Local Interpolating Splines", 1974), with a point more at either end.
 class Curve {
 public:
-    explicit Curve(const float (&values)[kCurvePoints]) {
+    /// Of the values that `item` holds at these offsets.
+    Curve(const TextureItem& item, std::size_t (*offset)(std::size_t point)) {
         double held[kCurvePoints];
-        for (int i = 0; i < kCurvePoints; ++i)
-            held[i] = HoldToUnit(double{values[i]});
+        for (std::size_t i = 0; i < kCurvePoints; ++i)
+            held[i] = HoldToUnit(double{TextureNumber<float>(item, offset(i))});
         points_ = {2 * held[0] - held[1], held[0], held[1], held[2], held[3],
                    2 * held[3] - held[2]};
     }
@@ -52,15 +54,7 @@ private:
 using ColorTable = std::array<ColorWord, kColors>;
 
 ColorTable MakeColorTable(const TextureItem& item) {
-    // Copies, since a packed record has no references.
-    const TextureItem copy = item;
-    const auto curve = [](const auto& values) {
-        float points[kCurvePoints];
-        std::copy(std::begin(values), std::end(values), points);
-        return Curve(points);
-    };
-    const Curve red = curve(copy.ColorRed), green = curve(copy.ColorGreen),
-                blue = curve(copy.ColorBlue);
+    const Curve red(item, ColorRedAt), green(item, ColorGreenAt), blue(item, ColorBlueAt);
     const auto level = [](double value) {
         return static_cast<int>(std::clamp(value * 255.0, 0.0, 255.0));
     };
@@ -86,7 +80,7 @@ struct Octaves {
 Octaves OctavesOf(int matrix_size) {
     constexpr int kMost = 8;
     const float in_single =
-        (static_cast<float>(matrix_size) - 32.0F) / 992.0F * 8.0F + 1.1920929e-7F;
+        (static_cast<float>(matrix_size) - 32.0F) / 992.0F * 8.0F + kAlmostNothing;
     const double count = in_single < 0.0F || in_single > 8.0F ? 8.0 : double{in_single};
     Octaves octaves{};
     for (std::size_t k = 0; k < kMost; ++k)
@@ -144,7 +138,8 @@ float UnderBubble(float cell, BubbleShape shape, double distance, double radius)
 
 using BubbleCells = platform::WorkArray<float>;
 
-/// Returns a map of the picture's size; false without memory.
+/// Returns a map of the picture's size, an empty one without memory. Requires: the picture
+/// has pixels.
 BubbleCells BubbleMap(const TextureItem& item, const TextureSize& size, int count) {
     const int width = size.Width, height = size.Height;
     BubbleCells map(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));

@@ -33,7 +33,6 @@ const TextureKindEntry TextureKindTable[kTextureKinds] = {
 void InitTextureItem(TextureItem* item) {
     constexpr float kReserved[] = {12.0F, 60.0F, 2.0F, 3.1F, 100.0F, 650.0F};
     constexpr ColorWord kForeColours[] = {0xFFFFFF, 0xFFE0E0, 0xFFA0A0, 0xFF8080, 0xFF6060};
-    constexpr float kCurve[] = {0.0F, 0.33F, 0.67F, 1.0F};
     constexpr int kFirstSeed = 10000;
 
     item->Reserved40 = 1;
@@ -49,7 +48,8 @@ void InitTextureItem(TextureItem* item) {
     item->CreaterCount = 5000;
     item->CreaterDepth = 1.5F;
     for (int point = 0; point < kCurvePoints; ++point) {
-        item->ColorRed[point] = item->ColorGreen[point] = item->ColorBlue[point] = kCurve[point];
+        item->ColorRed[point] = item->ColorGreen[point] = item->ColorBlue[point] =
+            kStartCurve[point];
     }
     item->BubbleCount = 64;
     item->BubbleSize = 4;

@@ -17,6 +17,8 @@ namespace tess {
 
 inline constexpr int kTextureLayers = 5;  ///< in the record; no kind uses the last
 inline constexpr int kCurvePoints = 4;
+/// What a colour curve starts as: nearly the line from dark to bright.
+inline constexpr float kStartCurve[kCurvePoints] = {0.0F, 0.33F, 0.67F, 1.0F};
 inline constexpr int kTextureKinds = 6;
 
 enum class BubbleShape : std::int32_t { Ellipse, Fuzzy, Luminous, Sphere };

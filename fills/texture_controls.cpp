@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdio>
-#include <cstring>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,6 +15,7 @@
 #include "controls/number_edit.h"
 #include "controls/spinner.h"
 #include "fills/curve_graph.h"
+#include "fills/texture_fields.h"
 
 namespace tess {
 
@@ -37,31 +37,24 @@ struct SpinnerRow {
     std::size_t Offset;  // of the field in the record
 };
 
-constexpr std::size_t Nth(std::size_t offset, int index) {
-    return offset + 4 * static_cast<std::size_t>(index);
-}
-constexpr std::size_t kPower = offsetof(TextureItem, Power);
-constexpr std::size_t kSeed = offsetof(TextureItem, SeedValue);
-constexpr std::size_t kDimension = offsetof(TextureItem, Dimension);
-
 // clang-format off
 constexpr SpinnerRow kSpinners[] = {
-    {507,   0,   150,    75, Percent, Nth(kPower, 0)},
-    {508,   0,   150,    75, Percent, Nth(kPower, 1)},
-    {509,   0,   150,    75, Percent, Nth(kPower, 2)},
-    {510,   0,   150,    75, Percent, Nth(kPower, 3)},
-    {511,   0,   150,    75, Percent, Nth(kPower, 4)},
-    {512,   1, 32760, 10000, Whole,   Nth(kSeed, 0)},
-    {513,   1, 32760, 10001, Whole,   Nth(kSeed, 1)},
-    {514,   1, 32760, 10002, Whole,   Nth(kSeed, 2)},
-    {515,   1, 32760, 10003, Whole,   Nth(kSeed, 3)},
-    {516,   1, 32760, 10004, Whole,   Nth(kSeed, 4)},
+    {507,   0,   150,    75, Percent, PowerAt(0)},
+    {508,   0,   150,    75, Percent, PowerAt(1)},
+    {509,   0,   150,    75, Percent, PowerAt(2)},
+    {510,   0,   150,    75, Percent, PowerAt(3)},
+    {511,   0,   150,    75, Percent, PowerAt(4)},
+    {512,   1, 32760, 10000, Whole,   SeedAt(0)},
+    {513,   1, 32760, 10001, Whole,   SeedAt(1)},
+    {514,   1, 32760, 10002, Whole,   SeedAt(2)},
+    {515,   1, 32760, 10003, Whole,   SeedAt(3)},
+    {516,   1, 32760, 10004, Whole,   SeedAt(4)},
     {517,  32,  1024,    64, Whole,   offsetof(TextureItem, MatrixSize)},
-    {518, 200,  2000,   200, Percent, Nth(kDimension, 0)},
-    {519, 200,  2000,   200, Percent, Nth(kDimension, 1)},
-    {520, 200,  2000,   200, Percent, Nth(kDimension, 2)},
-    {521, 200,  2000,   200, Percent, Nth(kDimension, 3)},
-    {522, 200,  2000,   200, Percent, Nth(kDimension, 4)},
+    {518, 200,  2000,   200, Percent, DimensionAt(0)},
+    {519, 200,  2000,   200, Percent, DimensionAt(1)},
+    {520, 200,  2000,   200, Percent, DimensionAt(2)},
+    {521, 200,  2000,   200, Percent, DimensionAt(3)},
+    {522, 200,  2000,   200, Percent, DimensionAt(4)},
     {523, 100, 10000,  5000, Whole,   offsetof(TextureItem, CreaterCount)},
     {524,  50,   400,   100, Percent, offsetof(TextureItem, CreaterDepth)},
     {528,   0,   512,    64, Whole,   offsetof(TextureItem, BubbleCount)},
@@ -79,28 +72,18 @@ constexpr std::string_view kBubbleShapeNames = "Ellipse;Fuzzy;Luminous;Sphere";
 bool is_filling = false;
 
 int ShownNumber(const SpinnerRow& row, const TextureItem& item) {
-    const auto* place = reinterpret_cast<const std::uint8_t*>(&item) + row.Offset;
-    if (row.Shows == Whole) {
-        std::int32_t number;
-        std::memcpy(&number, place, sizeof number);
-        return number;
-    }
-    float number;
-    std::memcpy(&number, place, sizeof number);
-    const float percent = number * 100.0F;
+    if (row.Shows == Whole) return TextureNumber<std::int32_t>(item, row.Offset);
+    const float percent = TextureNumber<float>(item, row.Offset) * 100.0F;
     // A record from a file may hold what no spinner shows.
     constexpr float kMost = 1e9F;
     return percent >= -kMost && percent <= kMost ? static_cast<int>(percent) : 0;
 }
 
 void StoreNumber(const SpinnerRow& row, int value, TextureItem* item) {
-    auto* place = reinterpret_cast<std::uint8_t*>(item) + row.Offset;
     if (row.Shows == Whole) {
-        const std::int32_t number = value;
-        std::memcpy(place, &number, sizeof number);
+        SetTextureNumber<std::int32_t>(item, row.Offset, value);
     } else {
-        const float number = static_cast<float>(value) / 100.0F;
-        std::memcpy(place, &number, sizeof number);
+        SetTextureNumber(item, row.Offset, static_cast<float>(value) / 100.0F);
     }
 }
 

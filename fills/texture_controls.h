@@ -25,11 +25,11 @@ void ShowTextureControls(platform::WindowHandle dialog, int kind);
 bool TakeTextureControl(platform::WindowHandle dialog, int id, platform::Notification notification,
                         TextureItem* item);
 
-/// The colour that a button shows, null for other controls.
 struct TextureColor {
     bool IsColor;
     ColorWord Color;
 };
+/// The colour that a button shows; IsColor is false for other controls.
 [[nodiscard]] TextureColor TextureButtonColor(const TextureItem& item, int id);
 
 }  // namespace tess

@@ -7,10 +7,10 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
-#include <cstring>
 #include <system_error>
 
 #include "fills/group_list.h"
+#include "fills/texture_fields.h"
 #include "platform/clock.h"
 #include "platform/letter_case.h"
 
@@ -35,56 +35,45 @@ struct Field {
 
 using enum FieldKind;
 
-constexpr std::size_t Nth(std::size_t offset, std::size_t index) {
-    return offset + 4 * index;
-}
-constexpr std::size_t kPower = offsetof(TextureItem, Power);
-constexpr std::size_t kSeed = offsetof(TextureItem, SeedValue);
-constexpr std::size_t kDimension = offsetof(TextureItem, Dimension);
-constexpr std::size_t kForeColour = offsetof(TextureItem, ForeColour);
-constexpr std::size_t kRed = offsetof(TextureItem, ColorRed);
-constexpr std::size_t kGreen = offsetof(TextureItem, ColorGreen);
-constexpr std::size_t kBlue = offsetof(TextureItem, ColorBlue);
-
 /// In the order of the file. "Creater" is how the keys are spelled.
 constexpr Field kFields[] = {
-    {"Power1", Real, Nth(kPower, 0)},
-    {"Power2", Real, Nth(kPower, 1)},
-    {"Power3", Real, Nth(kPower, 2)},
-    {"Power4", Real, Nth(kPower, 3)},
-    {"Power5", Real, Nth(kPower, 4)},
-    {"SeedValue1", Whole, Nth(kSeed, 0)},
-    {"SeedValue2", Whole, Nth(kSeed, 1)},
-    {"SeedValue3", Whole, Nth(kSeed, 2)},
-    {"SeedValue4", Whole, Nth(kSeed, 3)},
-    {"SeedValue5", Whole, Nth(kSeed, 4)},
-    {"Dimension1", Real, Nth(kDimension, 0)},
-    {"Dimension2", Real, Nth(kDimension, 1)},
-    {"Dimension3", Real, Nth(kDimension, 2)},
-    {"Dimension4", Real, Nth(kDimension, 3)},
-    {"Dimension5", Real, Nth(kDimension, 4)},
+    {"Power1", Real, PowerAt(0)},
+    {"Power2", Real, PowerAt(1)},
+    {"Power3", Real, PowerAt(2)},
+    {"Power4", Real, PowerAt(3)},
+    {"Power5", Real, PowerAt(4)},
+    {"SeedValue1", Whole, SeedAt(0)},
+    {"SeedValue2", Whole, SeedAt(1)},
+    {"SeedValue3", Whole, SeedAt(2)},
+    {"SeedValue4", Whole, SeedAt(3)},
+    {"SeedValue5", Whole, SeedAt(4)},
+    {"Dimension1", Real, DimensionAt(0)},
+    {"Dimension2", Real, DimensionAt(1)},
+    {"Dimension3", Real, DimensionAt(2)},
+    {"Dimension4", Real, DimensionAt(3)},
+    {"Dimension5", Real, DimensionAt(4)},
     {"MatrixSize", Whole, offsetof(TextureItem, MatrixSize)},
     {"TextureType", Whole, offsetof(TextureItem, TextureType)},
-    {"ForeColour1", Whole, Nth(kForeColour, 0)},
-    {"ForeColour2", Whole, Nth(kForeColour, 1)},
-    {"ForeColour3", Whole, Nth(kForeColour, 2)},
-    {"ForeColour4", Whole, Nth(kForeColour, 3)},
-    {"ForeColour5", Whole, Nth(kForeColour, 4)},
+    {"ForeColour1", Whole, ForeColourAt(0)},
+    {"ForeColour2", Whole, ForeColourAt(1)},
+    {"ForeColour3", Whole, ForeColourAt(2)},
+    {"ForeColour4", Whole, ForeColourAt(3)},
+    {"ForeColour5", Whole, ForeColourAt(4)},
     {"BackColour", Whole, offsetof(TextureItem, BackColour)},
     {"CreaterCount", Whole, offsetof(TextureItem, CreaterCount)},
     {"CreaterDepth", Real, offsetof(TextureItem, CreaterDepth)},
-    {"ColorRed0", Real, Nth(kRed, 0)},
-    {"ColorRed1", Real, Nth(kRed, 1)},
-    {"ColorRed2", Real, Nth(kRed, 2)},
-    {"ColorRed3", Real, Nth(kRed, 3)},
-    {"ColorGreen0", Real, Nth(kGreen, 0)},
-    {"ColorGreen1", Real, Nth(kGreen, 1)},
-    {"ColorGreen2", Real, Nth(kGreen, 2)},
-    {"ColorGreen3", Real, Nth(kGreen, 3)},
-    {"ColorBlue0", Real, Nth(kBlue, 0)},
-    {"ColorBlue1", Real, Nth(kBlue, 1)},
-    {"ColorBlue2", Real, Nth(kBlue, 2)},
-    {"ColorBlue3", Real, Nth(kBlue, 3)},
+    {"ColorRed0", Real, ColorRedAt(0)},
+    {"ColorRed1", Real, ColorRedAt(1)},
+    {"ColorRed2", Real, ColorRedAt(2)},
+    {"ColorRed3", Real, ColorRedAt(3)},
+    {"ColorGreen0", Real, ColorGreenAt(0)},
+    {"ColorGreen1", Real, ColorGreenAt(1)},
+    {"ColorGreen2", Real, ColorGreenAt(2)},
+    {"ColorGreen3", Real, ColorGreenAt(3)},
+    {"ColorBlue0", Real, ColorBlueAt(0)},
+    {"ColorBlue1", Real, ColorBlueAt(1)},
+    {"ColorBlue2", Real, ColorBlueAt(2)},
+    {"ColorBlue3", Real, ColorBlueAt(3)},
     {"BubbleCount", Whole, offsetof(TextureItem, BubbleCount)},
     {"BubbleSize", Whole, offsetof(TextureItem, BubbleSize)},
     {"BubblePower", Real, offsetof(TextureItem, BubblePower)},
@@ -116,6 +105,21 @@ KeyAndValue Split(std::string_view line) {
     return split;
 }
 
+/// Whether a decimal number that does not fit is too large and not too small: whether its
+/// first digit but 0 is left of the point, once the exponent has moved it.
+bool IsLarge(std::string_view number) {
+    const std::size_t end = std::min(number.find_first_of("eE"), number.size());
+    std::string_view exponent = number.substr(std::min(end + 1, number.size()));
+    if (exponent.starts_with('+')) exponent.remove_prefix(1);
+    int moved = 0;
+    const auto read = std::from_chars(exponent.data(), exponent.data() + exponent.size(), moved);
+    if (read.ec == std::errc::result_out_of_range) return !exponent.starts_with('-');
+    const std::string_view digits = number.substr(0, end);
+    const std::size_t first = std::min(digits.find_first_of("123456789"), end);
+    const std::size_t point = std::min(digits.find('.'), end);
+    return static_cast<std::ptrdiff_t>(point) + moved > static_cast<std::ptrdiff_t>(first);
+}
+
 /// As `atof` in the C locale, of decimal numbers; 0 for what is none.
 double ReadReal(std::string_view text) {
     if (text.starts_with('+')) text.remove_prefix(1);
@@ -123,12 +127,11 @@ double ReadReal(std::string_view text) {
     const std::from_chars_result read =
         std::from_chars(text.data(), text.data() + text.size(), value);
     if (read.ec == std::errc::result_out_of_range) {
-        // Too large or too small for a number, which its first digit and exponent tell.
         const bool is_negative = text.starts_with('-');
-        if (is_negative) text.remove_prefix(1);
-        const bool is_small = text.starts_with('0') || text.starts_with('.') ||
-                              text.find("e-") != text.npos || text.find("E-") != text.npos;
-        return is_small ? 0.0 : is_negative ? -HUGE_VAL : HUGE_VAL;
+        const std::string_view number =
+            text.substr(0, static_cast<std::size_t>(read.ptr - text.data()));
+        if (!IsLarge(number.substr(is_negative ? 1 : 0))) return 0.0;
+        return is_negative ? -HUGE_VAL : HUGE_VAL;
     }
     return value - value == 0.0 ? value : 0.0;  // "inf" and "nan" are no numbers here
 }
@@ -147,31 +150,22 @@ std::uint32_t ReadWhole(std::string_view text) {
 }
 
 void SetField(const Field& field, std::string_view value, TextureItem* item) {
-    auto* place = reinterpret_cast<std::uint8_t*>(item) + field.Offset;
     if (field.Kind == Real) {
-        const auto number = static_cast<float>(ReadReal(value));
-        std::memcpy(place, &number, sizeof number);
+        SetTextureNumber(item, field.Offset, static_cast<float>(ReadReal(value)));
     } else {
-        const std::uint32_t number = ReadWhole(value);
-        std::memcpy(place, &number, sizeof number);
+        SetTextureNumber(item, field.Offset, ReadWhole(value));
     }
 }
 
 void WriteField(const Field& field, const TextureItem& item, std::FILE* stream) {
     constexpr int kDecimals = 6;
     char text[64];  // the largest number has 39 digits before the point
-    const auto* place = reinterpret_cast<const std::uint8_t*>(&item) + field.Offset;
-    std::to_chars_result end;
-    if (field.Kind == Real) {
-        float number;
-        std::memcpy(&number, place, sizeof number);
-        end = std::to_chars(text, text + sizeof text - 1, double{number}, std::chars_format::fixed,
-                            kDecimals);
-    } else {
-        std::uint32_t number;
-        std::memcpy(&number, place, sizeof number);
-        end = std::to_chars(text, text + sizeof text - 1, number);
-    }
+    char* const last = text + sizeof text - 1;
+    const std::to_chars_result end =
+        field.Kind == Real
+            ? std::to_chars(text, last, double{TextureNumber<float>(item, field.Offset)},
+                            std::chars_format::fixed, kDecimals)
+            : std::to_chars(text, last, TextureNumber<std::uint32_t>(item, field.Offset));
     *end.ptr = '\0';
     std::fprintf(stream, "%s=%s\n", field.Key, text);
 }

@@ -1,5 +1,6 @@
 #include "fills/curve_graph.h"
 
+#include <cmath>
 #include <set>
 #include <utility>
 
@@ -46,6 +47,9 @@ TEST(CurveGraph, NumberCountsDownFrom255) {
     EXPECT_EQ(HandleNumber(1.0F), 255);
     EXPECT_EQ(HandleNumber(0.0F), 0);
     EXPECT_EQ(HandleNumber(0.5F), 128);  // 255 - trunc(127.5)
+    EXPECT_EQ(HandleNumber(HUGE_VALF), 255);
+    EXPECT_EQ(HandleNumber(-HUGE_VALF), 0);
+    EXPECT_EQ(HandleNumber(NAN), 0);
 }
 
 TEST(CurveGraph, NumberStandsInwardsOfItsHandle) {

@@ -58,6 +58,9 @@ protected:
         EXPECT_EQ(entries.size(), 1u);
         return entries.empty() ? TextureItem{} : entries[0].item;
     }
+    float PowerReadFrom(const std::string& value) const {
+        return ReadItem({("Power1=" + value).c_str()}).Power[0];
+    }
     void Write(const std::vector<Entry>& entries) const {
         TextureGroupWriter writer(Path(), static_cast<int>(entries.size()));
         ASSERT_TRUE(writer);
@@ -253,6 +256,21 @@ TEST_F(TextureGroupFileTest, NumbersAreReadAsFarAsTheyAreNumbers) {
     EXPECT_EQ(item.BubbleSize, -3);
     EXPECT_EQ(item.BubbleCount, -5);  // as "%lu" writes it
     EXPECT_EQ(item.CreaterCount, 0);
+}
+
+TEST_F(TextureGroupFileTest, NumberThatDoesNotFitIsEndlessOrNothing) {
+    const std::string zeros(400, '0');
+    for (const std::string& large :
+         {std::string("0.5e400"), std::string(".05E+400"), std::string("1e99999999999"),
+          "1" + zeros, "0." + zeros + "1e800 and more", "1" + zeros + "e-5"}) {
+        EXPECT_EQ(PowerReadFrom(large), HUGE_VALF) << large;
+        EXPECT_EQ(PowerReadFrom("-" + large), -HUGE_VALF) << large;
+    }
+    for (const std::string& small : {std::string("500e-400"), std::string("1e-99999999999"),
+                                     "0." + zeros + "1", "0." + zeros + "1 e800", zeros + "e999"}) {
+        EXPECT_EQ(PowerReadFrom(small), 0.0F) << small;
+        EXPECT_EQ(PowerReadFrom("-" + small), 0.0F) << small;
+    }
 }
 
 TEST_F(TextureGroupFileTest, ItemWithoutANameHasThatOfTheItemBefore) {
