@@ -89,7 +89,12 @@ private:
     bool is_open_;
 };
 
-// --- Linear
+/// A place as a whole number. One so far away that it is outside every picture, which
+/// the centre of a record from a file can be, would not fit into one.
+int PlaceOf(double place) {
+    constexpr double kFarthest = 1'000'000'000.0;
+    return static_cast<int>(std::clamp(place, -kFarthest, kFarthest));
+}
 
 constexpr int kBands = 256;
 constexpr int kMargin = 2;
@@ -169,11 +174,10 @@ float SweepAngle(int across, int down) {
     return angle;
 }
 
-/// How far the angle is from the sweep's start, 0 to kLevels.
+/// How far the angle is from the sweep's start, 0 to kLevels. Below the start all is 0.
 int SweepLevel(float angle, int spin) {
-    float turned = angle + static_cast<float>(spin);
-    while (turned > 360.0F)
-        turned -= 360.0F;
+    // Exact, and so the same as taking whole turns away one by one.
+    float turned = std::fmod(angle + static_cast<float>(spin), 360.0F);
     if (turned > 180.0F) turned = 360.0F - turned;
     return std::clamp(static_cast<int>(turned / 180.0 * kLevels), 0, kLevels);
 }
@@ -211,9 +215,8 @@ ImageHandle DrawNestedShapes(BoxShape shape, const raster::Rect& size, const ras
     const float drift_x = width / steps * static_cast<float>(center.x) / 100.0F;
     const float drift_y = height / steps * static_cast<float>(center.y) / 100.0F;
     for (int i = 0; i < count; ++i) {
-        shape(canvas.Brush(colors.At(i, static_cast<double>(i) / count)),
-              static_cast<int>(box.left), static_cast<int>(box.top), static_cast<int>(box.right),
-              static_cast<int>(box.bottom));
+        shape(canvas.Brush(colors.At(i, static_cast<double>(i) / count)), PlaceOf(double{box.left}),
+              PlaceOf(double{box.top}), PlaceOf(double{box.right}), PlaceOf(double{box.bottom}));
         box.left += step_x + drift_x;
         box.top += step_y + drift_y;
         box.right += drift_x - step_x;
@@ -254,9 +257,10 @@ ImageHandle DrawConicalGradient(ColorWord first, ColorWord second, int width, in
         const double part = level * 0.00390625;
         by_level[level] = colors.At(static_cast<int>(part * (kRampColors - 1)), part);
     }
-    const int spin = 360 - rotation;
-    const int center_x = static_cast<int>((x / 100.0 + 0.5) * width);
-    const int center_y = static_cast<int>((0.5 - y / 100.0) * height);
+    int spin = 360 - rotation;
+    if (spin < 0) spin += 360;
+    const int center_x = PlaceOf((x / 100.0 + 0.5) * width);
+    const int center_y = PlaceOf((0.5 - y / 100.0) * height);
     for (int row = 0; row < height; ++row) {
         for (int column = 0; column < width; ++column) {
             const float angle = SweepAngle(column - center_x, row - center_y);
@@ -280,11 +284,11 @@ ImageHandle DrawRectangularGradient(ColorWord first, ColorWord second, int width
 
 ImageHandle RenderGradient(int width, int height, const Gradient& gradient) {
     const ColorWord start = gradient.StartColor, end = gradient.EndColor;
-    // A record from a file may hold anything; what is beyond the ranges is held in
-    // them, or its places would not fit into whole numbers.
-    const int x = std::clamp(std::int32_t{gradient.CenterX}, -50, 50);
-    const int y = std::clamp(std::int32_t{gradient.CenterY}, -50, 50);
-    const int rotation = std::clamp(std::int32_t{gradient.Rotation}, -360, 360);
+    const int x = gradient.CenterX, y = gradient.CenterY;
+    // A record from a file may hold anything. From about a million degrees on single
+    // precision cannot tell an angle's tenths, and the largest could not be turned back.
+    constexpr int kMostRotation = 1'000'000;
+    const int rotation = std::clamp(std::int32_t{gradient.Rotation}, -kMostRotation, kMostRotation);
     switch (gradient.Type) {
         case GradientType::Conical:
             return DrawConicalGradient(start, end, width, height, x, y, rotation, &gradient);

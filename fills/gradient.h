@@ -19,12 +19,14 @@ enum class GradientType : std::int32_t { Linear, Conical, Elliptical, Rectangula
 struct Gradient {
     GradientType Type;
     ColorWord StartColor, EndColor;
-    std::int32_t EdgePad;           ///< percent of plain colour at each end, 0 to 45
-    std::int32_t CenterX, CenterY;  ///< percent of the size, -50 to 50; y counts upwards
-    std::int32_t Midpoint;          ///< percent, 1 to 99; 50 is no shift
-    std::int32_t Reserved;          ///< zero
-    std::int32_t Rotation;          ///< degrees, -360 to 360
-    std::int32_t TwoColor;          ///< nonzero: from StartColor to EndColor; zero: Ramp
+    std::int32_t EdgePad;  ///< percent of plain colour at each end, 0 to 45
+    /// Percent of the size, -50 to 50. A positive y lies higher in a conical gradient, and
+    /// lower in an elliptical or rectangular one.
+    std::int32_t CenterX, CenterY;
+    std::int32_t Midpoint;  ///< percent, 1 to 99; 50 is no shift
+    std::int32_t Reserved;  ///< zero
+    std::int32_t Rotation;  ///< degrees, -360 to 360
+    std::int32_t TwoColor;  ///< nonzero: from StartColor to EndColor; zero: Ramp
     Fountain Ramp;
 };
 #pragma pack(pop)
@@ -43,13 +45,14 @@ using LockedRamp = platform::LockedBlock<GradientRamp>;
 /// Returns a ramp of `count` colours; one of 0 colours is empty.
 [[nodiscard]] RampHandle BuildGradientRamp(const Gradient& gradient, int count);
 
-/// Returns a 24-bit picture. Values of the record beyond their ranges are held in
-/// them.
+/// Returns a 24-bit picture. The record may hold any values: the edge pad and the
+/// midpoint are held in 0 to 50 and 0 to 100, the rotation in a million degrees each way.
 [[nodiscard]] ImageHandle RenderGradient(int width, int height, const Gradient& gradient);
 
 // The four shapes. With a gradient the ramp is made from it, and `first` and
-// `second` are not used; without one (null) it runs between those two.
-// Requires: `x` and `y` -50 to 50, `rotation` -360 to 360.
+// `second` are not used; without one (null) it runs between those two, as the strips
+// of a fountain do. `x` and `y` are as CenterX and CenterY, in percent.
+// Requires: `rotation` -1,000,000 to 1,000,000.
 
 /// Bands across the direction `rotation`, degrees. Without rotation the ramp runs
 /// from top to bottom. Without a gradient `second` is where a gradient starts, so

@@ -74,6 +74,18 @@ TEST(FountainImage, MarkersOnOneColumnMakeAHardStep) {
     EXPECT_EQ(strip[4], 0x0000FFu);
 }
 
+TEST(FountainImage, MarkerOutOfOrderTakesTheNextRunBackToItself) {
+    Fountain fountain = Plain();
+    fountain.Count = 2;
+    fountain.Markers[0] = MakeMarker(204, 0x0000FF);  // column 80
+    fountain.Markers[1] = MakeMarker(51, 0x00FF00);   // column 20, behind it: no run of its own
+    auto expected = RunOf(0, 0x0000FF, 80);
+    expected.resize(20);
+    const auto rest = RunOf(0x00FF00, 0xFFFFFF, 80);  // over what was drawn there
+    expected.insert(expected.end(), rest.begin(), rest.end());
+    EXPECT_EQ(StripOf(fountain, 100), expected);
+}
+
 TEST(FountainImage, MarkersOutOfOrderStayInsideThePicture) {
     Fountain fountain = Plain();
     fountain.Count = 100000;

@@ -65,6 +65,31 @@ TEST(GradientRamp, MidpointHasTheEvenMix) {
     EXPECT_NEAR(static_cast<int>(ramp[160]), 127 + 128 / 2, 4);
 }
 
+TEST(GradientRamp, EvenMixOfAShiftedMidpointStandsWithoutTheLeftPad) {
+    // The pad is 114 of 255 positions and the even mix stands at trunc(27 * 0.51) = 13, not
+    // 114 further on: the run from it to the end begins there, over the left pad.
+    Fountain expected;
+    InitFountain(&expected, FountainPreset::Plain);
+    expected.Start = kStart;
+    expected.End = kEnd;
+    expected.Count = 2;
+    expected.Markers[0] = MakeMarker(114, kStart);
+    expected.Markers[1] = MakeMarker(13, 127);
+    auto strip = StripOf(expected, 255);
+    const auto ramp = RampOf(TwoColors(45, 51), 255);
+    EXPECT_EQ(ramp[12], 0u);
+    EXPECT_NEAR(static_cast<int>(ramp[13]), 127, 2);
+    strip.front() = kStart;
+    strip.back() = kEnd;
+    EXPECT_EQ(ramp, strip);
+}
+
+TEST(GradientRamp, ColorsInsideAShiftedRampHaveNoTopByte) {
+    const auto ramp = RampOf(TwoColors(20, 30), 100);
+    for (std::size_t i = 1; i + 1 < ramp.size(); ++i)
+        EXPECT_LE(ramp[i], 0xFFu) << i;
+}
+
 TEST(GradientRamp, FountainRampIsItsStripAndKeepsItsEnds) {
     Gradient gradient = TwoColors(0, 50);
     gradient.TwoColor = 0;

@@ -172,7 +172,7 @@ TEST(RenderGradient, ZeroFilledRecordIsBlackAtAnySize) {
     }
 }
 
-TEST(RenderGradient, ValuesOfAnyBytesAreHeldInTheirRanges) {
+TEST(RenderGradient, ValuesOfAnyBytesDoNoHarm) {
     for (int type = 0; type < 4; ++type) {
         for (const std::int32_t wild : {INT32_MIN, -1000, 1000, INT32_MAX}) {
             Gradient gradient = TwoColors(static_cast<GradientType>(type), 0, 0xFFFFFF);
