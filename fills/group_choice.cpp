@@ -67,14 +67,15 @@ bool AddGroup(WindowHandle dialog, const GroupChoice& groups, int (*save)(Window
         TellOfWriting(dialog);
         return false;
     }
-    const std::string listed = GroupNameOf(groups.File);
-    if (FindGroup(dialog, groups, listed) < 0) platform::AddItem(dialog, groups.Control, listed);
-    SelectCurrentGroup(dialog, groups);
+    if (FindGroup(dialog, groups, name) < 0) platform::AddItem(dialog, groups.Control, name);
+    platform::SetSelection(dialog, groups.Control, FindGroup(dialog, groups, name));
     return true;
 }
 
 bool DeleteCurrentGroup(WindowHandle dialog, const GroupChoice& groups) {
-    const std::string name = GroupNameOf(groups.File);
+    const int index = platform::Selection(dialog, groups.Control);
+    const std::string name =
+        index < 0 ? GroupNameOf(groups.File) : platform::ItemText(dialog, groups.Control, index);
     char question[512];
     std::snprintf(question, sizeof question, groups.DeleteQuestion, name.c_str());
     if (!AskYesNo(dialog, question)) return false;
@@ -82,7 +83,7 @@ bool DeleteCurrentGroup(WindowHandle dialog, const GroupChoice& groups) {
         TellOfWriting(dialog);
         return false;
     }
-    platform::DeleteListItem(dialog, groups.Control, FindGroup(dialog, groups, name));
+    if (index >= 0) platform::DeleteListItem(dialog, groups.Control, index);
     SetCurrentGroup(groups, groups.DefaultFile);
     SelectCurrentGroup(dialog, groups);
     return true;

@@ -102,9 +102,8 @@ void SelectElement(WindowHandle dialog, int index) {
     TakeSelection(dialog);
 }
 
-// --- Groups
-
-/// Tells the user of a group that is damaged.
+/// Tells the user of a group that is damaged. The list is what the file holds when that
+/// was read whole.
 GroupReading LoadGroup(WindowHandle dialog) {
     GroupReading reading{};
     {
@@ -112,6 +111,7 @@ GroupReading LoadGroup(WindowHandle dialog) {
         reading = LoadMatrixGroup(dialog);
     }
     if (reading == GroupReading::Damaged) ShowMessage(dialog, kNotLoaded);
+    if (reading == GroupReading::Whole) CurrentMatrixGroup.IsDirty = false;
     UpdateDeleteButton(dialog);
     return reading;
 }
@@ -128,7 +128,9 @@ void ChooseGroup(WindowHandle dialog) {
 
 /// Saves the elements as a new group, and goes on with that.
 void AddMatrixGroup(WindowHandle dialog) {
-    if (AddGroup(dialog, kMatrixGroups, SaveMatrixGroup)) CurrentMatrixGroup.IsWriteable = true;
+    if (!AddGroup(dialog, kMatrixGroups, SaveMatrixGroup)) return;
+    CurrentMatrixGroup.IsWriteable = true;
+    CurrentMatrixGroup.IsDirty = false;
 }
 
 void DeleteMatrixGroup(WindowHandle dialog) {
@@ -139,13 +141,6 @@ void DeleteMatrixGroup(WindowHandle dialog) {
     CurrentMatrixGroup = {};
     FreeMatrixElements(dialog);
     LoadGroup(dialog);
-}
-
-// --- Elements
-
-bool IsTooLarge(const PackedDib& image) {
-    constexpr int kLargest = 512;  // one side alone may exceed it
-    return image.Width > kLargest && image.Height > kLargest;
 }
 
 /// The picture at 24 bits, a new one owned by the caller, or null.
@@ -175,7 +170,8 @@ ImageHandle ImportPicture(WindowHandle dialog) {
         return nullptr;
     }
     bool is_too_large = true;
-    if (const LockedImage image(loaded.Get()); image) is_too_large = IsTooLarge(*image.Get());
+    if (const LockedImage image(loaded.Get()); image)
+        is_too_large = IsTooLargeForTile(*image.Get());
     if (is_too_large) {
         ShowMessage(dialog, kTooLarge);
         return nullptr;

@@ -17,6 +17,12 @@ inline constexpr char kDefaultMatrixGroup[] = "vorbelx1.mtx";
 inline constexpr int kMatrixGroupFileBytes = 260;
 extern char MatrixGroupFile[kMatrixGroupFileBytes];
 
+/// Whether a user's picture is refused as an element. One side alone may exceed the limit.
+[[nodiscard]] constexpr bool IsTooLargeForTile(const PackedDib& image) {
+    constexpr int kLargest = 512;  // pixels
+    return image.Width > kLargest && image.Height > kLargest;
+}
+
 /// The elements of a group in order. Owns their pictures.
 class MatrixGroup {
 public:

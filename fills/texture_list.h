@@ -14,8 +14,9 @@ inline constexpr int kTextureList = 102;
 
 /// Puts the items of the file TextureGroupFile into the list, in place of those that
 /// are there, and sets the flag where the file says whether it may be changed. Returns
-/// 1; or 0 for a file that cannot be opened or is no group, and then the list stays,
-/// or when memory is short, and then it holds what was read.
+/// 1; or 0 for a file that is no group, and then the list and the flag stay, for one that
+/// cannot be opened or read, or when memory is short. After those the flag is false and
+/// the list is not a part of the group, so that nothing is written over the whole of it.
 [[nodiscard]] int LoadTextureGroup(platform::WindowHandle dialog, bool* writeable_flag);
 
 /// Writes the list to TextureGroupFile as a group that may be changed. Returns 1, or 0

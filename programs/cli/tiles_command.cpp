@@ -165,11 +165,9 @@ int WriteTile(const MatrixGroup& group, const std::string& text, const std::stri
 
 // --- Changing
 
-// The dialog's limit: one side alone may exceed it.
 bool IsTooLarge(ImageHandle picture) {
-    constexpr int kLargest = 512;
     const LockedImage image(picture);
-    return image && image->Width > kLargest && image->Height > kLargest;
+    return image && IsTooLargeForTile(*image.Get());
 }
 
 // Adds the pictures at the end. Returns kDone, or another exit status after telling the

@@ -195,6 +195,18 @@ TEST_F(TextureDialog, NewNameOfAGroupThatIsThereReplacesItAndKeepsItAsBackup) {
     EXPECT_EQ(NamesIn("own.FFT.bak"), "Two One");
 }
 
+TEST_F(TextureDialog, NameWithAPointBeginningLikeAnotherIsAGroupOfItsOwn) {
+    Edit({[](WindowHandle dialog) { ShiftClick(dialog, kAdd); }, Name("own.set"),
+          [](WindowHandle dialog) {
+              const int group = platform::Selection(dialog, kGroups);
+              EXPECT_EQ(platform::ItemText(dialog, kGroups, group), "own.set");
+              EXPECT_EQ(platform::ItemCount(dialog, kGroups), 3);
+          },
+          ChooseOwn, [](WindowHandle dialog) { EXPECT_EQ(ListOf(dialog), "One Two"); }},
+         kCancel);
+    EXPECT_EQ(NamesIn("own.set.FFT"), "bark Clay Moss");
+}
+
 TEST_F(TextureDialog, NameBoxThatIsCancelledChangesNothing) {
     Edit({[](WindowHandle dialog) { ShiftClick(dialog, kAdd); },
           [](WindowHandle box) { platform::ClickControl(box, kCancel); }});
@@ -323,6 +335,20 @@ TEST_F(TextureDialog, WriteableFollowsTheFileAndStaysWithoutItsLine) {
           choose("silent"),
           [](WindowHandle dialog) { EXPECT_EQ(platform::ItemCount(dialog, kList), 1); }},
          kCancel);
+}
+
+TEST_F(TextureDialog, OkWritesNoGroupThatWasChosenAfterAChange) {
+    WriteGroup("other.FFT", "Writeable=1", {"Hush"});
+    SetGroup("own.FFT");
+    Edit({[](WindowHandle dialog) {
+        platform::ClickControl(dialog, kAdd);
+        for (int i = 0; i < platform::ItemCount(dialog, kGroups); ++i) {
+            if (platform::ItemText(dialog, kGroups, i) == "other")
+                platform::ChooseItem(dialog, kGroups, i);
+        }
+    }});
+    EXPECT_EQ(FileText("other.FFT.bak"), "missing");
+    EXPECT_EQ(NamesIn("own.FFT"), "Two One");
 }
 
 TEST_F(TextureDialog, DamagedGroupEmptiesTheListAndIsNotWrittenOver) {
