@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <vector>
 
 #include "controls/spinner.h"
 #include "pipeline/image_buffers.h"
@@ -14,7 +15,10 @@
 #include "raster/lines.h"
 #include "raster/shapes.h"
 #include "runtime/random.h"
+#include "shell/control_contract.h"
 #include "shell/style_table.h"
+#include "styles/styles.h"
+#include "tests/support/style_panel.h"
 #include "toolkit/wrap_compositing.h"
 
 namespace tess::reference {
@@ -35,23 +39,19 @@ struct PlainPhasers {
 };
 
 inline PlainPhasers ReadPlainPhasers(platform::WindowHandle dialog) {
-    PlainPhasers run{GetSpinnerValue(dialog, 413), GetSpinnerValue(dialog, 415),
-                     GetSpinnerValue(dialog, 405), GetSpinnerValue(dialog, 407),
-                     platform::WorkArray<PlainFlash>(
-                         4 * static_cast<std::size_t>(GetSpinnerValue(dialog, 409)))};
-    runtime::srand(static_cast<unsigned>(GetSpinnerValue(dialog, 411)));
-    std::array<ColorWord, 5> colors{};
-    int color_count = 0;
-    for (int i = 0; i < 5; ++i) {
-        if (i > 0 && !platform::IsChecked(dialog, 426 + i)) continue;
-        colors[static_cast<std::size_t>(color_count++)] =
-            platform::ControlNumber(dialog, 417 + 2 * i, false);
-    }
+    constexpr const char* kKinds[] = {"LineEast2South", "LineWest2South", "LineHorizontal",
+                                      "LineVertical"};
+    const test::StylePanel panel(PhasersOnStunStyle, dialog);
+    PlainPhasers run{
+        panel.Get("Width"), panel.Get("Depth"), panel.Get("Frames"), panel.Get("Power"),
+        platform::WorkArray<PlainFlash>(4 * static_cast<std::size_t>(panel.Get("Density")))};
+    runtime::srand(static_cast<unsigned>(panel.Get("Seed")));
+    const std::vector<ColorWord> colors = panel.FillColors();
+    const int color_count = static_cast<int>(colors.size());
     std::array<int, 4> kinds{};
     int kind_count = 0;
     for (int kind = 0; kind < 4; ++kind) {
-        if (platform::IsChecked(dialog, 431 + kind))
-            kinds[static_cast<std::size_t>(kind_count++)] = kind;
+        if (panel.IsChecked(kKinds[kind])) kinds[static_cast<std::size_t>(kind_count++)] = kind;
     }
     if (kind_count == 0) kind_count = 1;
     const int w = run.width;
@@ -121,9 +121,10 @@ inline ImageHandle PlainPhasersFrame(const PlainPhasers& run, ColorWord backgrou
 inline int PlainPhasersBuild(StyleContext* context) {
     const PlainPhasers run = ReadPlainPhasers(context->Dialog);
     if (!run.flashes) return 0;
-    const auto delay = static_cast<std::uint32_t>(GetSpinnerValue(context->Dialog, 11));
+    const test::StylePanel panel(PhasersOnStunStyle, context->Dialog);
+    const auto delay = static_cast<std::uint32_t>(GetSpinnerValue(context->Dialog, kDelayEdit));
     for (int frame = 0; frame < run.frames; ++frame) {
-        const ColorWord background = platform::ControlNumber(context->Dialog, 403, false);
+        const ColorWord background = panel.Color("Background");
         const FrameRecord record{PlainPhasersFrame(run, background, frame), nullptr, delay, -1};
         if (record.Image == nullptr || FrameListAdd(context->Frames, &record) == 0) {
             platform::FreeBlock(record.Image);

@@ -1,6 +1,8 @@
 #include <algorithm>
 
+#include "tests/reference/plain_atmosphere.h"
 #include "tests/styles/fountain_style_fixture.h"
+#include "tests/styles/setting_draws.h"
 
 namespace tess::test {
 
@@ -8,29 +10,14 @@ namespace {
 
 using platform::WindowHandle;
 
-enum Control : int {
-    kFrames = 445,
-    kSize = 447,
-    kSeed = 449,
-    kButton = 451,
-    kDensity = 453,
-    kMesh = 455,
-    kElevation = 457,
-};
-
-class AtmosphereTest : public FountainStyleTest {
+class AtmosphereTest : public FountainStyleTest<AtmosphereStyle> {
 protected:
-    static const StyleEntry& Subject() { return Style("Atmosphere"); }
     static void Shrink(WindowHandle dialog) {
-        Set(dialog, kSize, 32);
-        Set(dialog, kMesh, 4);
-        Set(dialog, kSeed, 700);
-        Set(dialog, kFrames, 2);
-        UseCountingFountain(dialog, kButton);
-    }
-    /// The heights of the sample, told by the counting fountain of Shrink.
-    static std::vector<int> HeightsOf(WindowHandle dialog) {
-        return FountainStyleTest::HeightsOf(Subject(), dialog, kButton);
+        Set(dialog, "Size", 32);
+        Set(dialog, "Mesh", 4);
+        Set(dialog, "Seed", 700);
+        Set(dialog, "Frames", 2);
+        UseCountingFountain(dialog);
     }
     /// The sum of the steps between neighbours in a row.
     static int Roughness(const std::vector<int>& heights) {
@@ -42,7 +29,32 @@ protected:
     static std::vector<std::uint8_t> SampleBytes(WindowHandle dialog) {
         return TakeBytes(RenderTest(Subject(), dialog));
     }
+    /// Sets every control but the frames' and returns what it set.
+    static PlainAtmosphereSettings SetAtRandom(WindowHandle dialog, SettingDraws& draws) {
+        PlainAtmosphereSettings set;
+        set.size = draws.Between(16, 100);
+        set.density = draws.Between(1, 50);
+        set.mesh = draws.Between(4, 7);
+        set.elevation = draws.Between(5, 15);
+        set.seed = static_cast<unsigned>(draws.Between(100, 32760));
+        Set(dialog, "Size", set.size);
+        Set(dialog, "Density", set.density);
+        Set(dialog, "Mesh", set.mesh);
+        Set(dialog, "Elevation", set.elevation);
+        Set(dialog, "Seed", static_cast<int>(set.seed));
+        return set;
+    }
 };
+
+TEST_F(AtmosphereTest, FramesAtRandomSettingsAreTheLiteralOnes) {
+    InDialog([](WindowHandle dialog) {
+        SettingDraws draws(17);
+        for (int round = 0; round < 16; ++round) {
+            SCOPED_TRACE(round);
+            ExpectColorRings(dialog, PlainAtmosphereHeights(SetAtRandom(dialog, draws)), draws);
+        }
+    });
+}
 
 TEST_F(AtmosphereTest, DrawsAPhaseAndADeviateACoefficient) {
     // A quarter of 9 x 9 with its edges and one of 7 x 7 without; the mean has no
@@ -57,9 +69,9 @@ TEST_F(AtmosphereTest, DrawsAPhaseAndADeviateACoefficient) {
 TEST_F(AtmosphereTest, HeightsReachFromZeroTo255) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        Set(dialog, kSize, 16);  // every sample once
+        Set(dialog, "Size", 16);  // every sample once
         for (const int density : {1, 32, 50}) {
-            Set(dialog, kDensity, density);
+            Set(dialog, "Density", density);
             const auto heights = HeightsOf(dialog);
             const auto [low, high] = std::minmax_element(heights.begin(), heights.end());
             EXPECT_EQ(*low, 0) << density;
@@ -71,11 +83,11 @@ TEST_F(AtmosphereTest, HeightsReachFromZeroTo255) {
 TEST_F(AtmosphereTest, DensityMakesTheFieldRough) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        Set(dialog, kSize, 128);
-        Set(dialog, kMesh, 7);
-        Set(dialog, kDensity, 1);
+        Set(dialog, "Size", 128);
+        Set(dialog, "Mesh", 7);
+        Set(dialog, "Density", 1);
         const int smooth = Roughness(HeightsOf(dialog));
-        Set(dialog, kDensity, 50);
+        Set(dialog, "Density", 50);
         EXPECT_GT(Roughness(HeightsOf(dialog)), 4 * smooth);
     });
 }
@@ -83,11 +95,11 @@ TEST_F(AtmosphereTest, DensityMakesTheFieldRough) {
 TEST_F(AtmosphereTest, ElevationTenLeavesTheHeightsAndOthersLiftThePositiveOnes) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        Set(dialog, kSize, 16);
-        Set(dialog, kElevation, 10);
+        Set(dialog, "Size", 16);
+        Set(dialog, "Elevation", 10);
         const auto plain = HeightsOf(dialog);
         for (const int elevation : {5, 15}) {
-            Set(dialog, kElevation, elevation);
+            Set(dialog, "Elevation", elevation);
             const auto lifted = HeightsOf(dialog);
             EXPECT_NE(lifted, plain);
             // A power keeps the order of heights.
@@ -101,8 +113,8 @@ TEST_F(AtmosphereTest, ElevationTenLeavesTheHeightsAndOthersLiftThePositiveOnes)
 TEST_F(AtmosphereTest, SmallMeshOnALargeTileIsBlurredNotBlocky) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        Set(dialog, kSize, 1024);
-        Set(dialog, kDensity, 1);
+        Set(dialog, "Size", 1024);
+        Set(dialog, "Density", 1);
         const auto heights = HeightsOf(dialog);
         int largest = 0;
         for (std::size_t i = 0; i < heights.size(); ++i) {
@@ -112,20 +124,15 @@ TEST_F(AtmosphereTest, SmallMeshOnALargeTileIsBlurredNotBlocky) {
     });
 }
 
-TEST_F(AtmosphereTest, SizesAboveAndBelowTheMeshHaveItsCorners) {
+TEST_F(AtmosphereTest, SizesAboveAndBelowTheMeshAreResampledTheSameWay) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        Set(dialog, kMesh, 6);
-        Set(dialog, kSize, 64);
-        const auto even = HeightsOf(dialog);
-        for (const std::size_t size : {std::size_t{16}, std::size_t{200}}) {
-            Set(dialog, kSize, static_cast<int>(size));
-            const auto heights = HeightsOf(dialog);
-            ASSERT_EQ(heights.size(), size * size);
-            EXPECT_EQ(heights[0], even[0]);
-            EXPECT_EQ(heights[size - 1], even[63]);
-            EXPECT_EQ(heights[size * (size - 1)], even[64 * 63]);
-            EXPECT_EQ(heights.back(), even.back());
+        Set(dialog, "Mesh", 6);
+        Set(dialog, "Density", 32);
+        Set(dialog, "Elevation", 10);
+        for (const int size : {16, 64, 200}) {
+            Set(dialog, "Size", size);
+            EXPECT_EQ(HeightsOf(dialog), PlainAtmosphereHeights({size, 32, 6, 10, 700})) << size;
         }
     });
 }
@@ -133,9 +140,9 @@ TEST_F(AtmosphereTest, SizesAboveAndBelowTheMeshHaveItsCorners) {
 TEST_F(AtmosphereTest, NeighboursAcrossTheSeamAreAsNearAsOthers) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        Set(dialog, kMesh, 6);
-        Set(dialog, kSize, 64);
-        Set(dialog, kDensity, 10);
+        Set(dialog, "Mesh", 6);
+        Set(dialog, "Size", 64);
+        Set(dialog, "Density", 10);
         const auto heights = HeightsOf(dialog);
         const auto at = [&heights](int x, int y) {
             return heights[static_cast<std::size_t>(y * 64 + x)];
@@ -152,10 +159,10 @@ TEST_F(AtmosphereTest, NeighboursAcrossTheSeamAreAsNearAsOthers) {
 TEST_F(AtmosphereTest, FramesBeyond256RepeatAndTwoAreHalfARing) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        Set(dialog, kSize, 16);
+        Set(dialog, "Size", 16);
         const auto two = TakeFrames(RenderBuild(Subject(), dialog));
         EXPECT_EQ(two[0], SampleBytes(dialog));
-        Set(dialog, kFrames, 512);
+        Set(dialog, "Frames", 512);
         const auto many = TakeFrames(RenderBuild(Subject(), dialog));
         EXPECT_EQ(many[256], two[1]);
         for (std::size_t f = 0; f < 512; f += 2)
@@ -165,7 +172,7 @@ TEST_F(AtmosphereTest, FramesBeyond256RepeatAndTwoAreHalfARing) {
 
 TEST_F(AtmosphereTest, ButtonWithoutARecordFails) {
     InDialog([](WindowHandle dialog) {
-        TakeRecord(dialog, kButton);
+        TakeRecord(dialog);
         EXPECT_EQ(RenderTest(Subject(), dialog), nullptr);
     });
 }
@@ -173,7 +180,7 @@ TEST_F(AtmosphereTest, ButtonWithoutARecordFails) {
 TEST_F(AtmosphereTest, EveryFailingAllocationEndsCleanly) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        EXPECT_GT(FailEachAllocationOfASample(Subject(), dialog), 5);
+        EXPECT_GT(FailuresOfASample(Subject(), dialog), 5);
     });
 }
 

@@ -1,7 +1,11 @@
 #include <algorithm>
-#include <set>
 
+#include "styles/color_ring.h"
+#include "styles/height_field.h"
+#include "tests/reference/plain_carpet.h"
 #include "tests/styles/fountain_style_fixture.h"
+#include "tests/styles/setting_draws.h"
+#include "toolkit/wrap_compositing.h"
 
 namespace tess::test {
 
@@ -9,53 +13,64 @@ namespace {
 
 using platform::WindowHandle;
 
-enum Control : int {
-    kFrames = 490,
-    kSize = 492,
-    kSeed = 494,
-    kButton = 496,
-    kScale = 498,
-    kLayers = 500,
-};
-
 constexpr int kDrawsOfALayer = 256 * 3 + 256 + 256 * 6 + 255;
 
-class CarpetTest : public FountainStyleTest {
+class CarpetTest : public FountainStyleTest<CarpetStyle> {
 protected:
-    static const StyleEntry& Subject() { return Style("Carpet"); }
     static void Shrink(WindowHandle dialog) {
-        Set(dialog, kSize, 32);
-        Set(dialog, kSeed, 700);
-        Set(dialog, kFrames, 2);
+        Set(dialog, "Size", 32);
+        Set(dialog, "Seed", 700);
+        Set(dialog, "Frames", 2);
     }
-    static std::vector<int> HeightsOf(WindowHandle dialog) {
-        return FountainStyleTest::HeightsOf(Subject(), dialog, kButton);
+    /// Sets every control but the frames' and returns what it set.
+    static PlainCarpetSettings SetAtRandom(WindowHandle dialog, SettingDraws& draws) {
+        PlainCarpetSettings set;
+        set.size = draws.Between(16, 60);
+        set.scale = draws.Between(60, 1280);
+        set.layers = draws.Between(1, 7);
+        set.seed = static_cast<unsigned>(draws.Between(100, 32760));
+        Set(dialog, "Size", set.size);
+        Set(dialog, "Scale", set.scale);
+        Set(dialog, "Layers", set.layers);
+        Set(dialog, "Seed", static_cast<int>(set.seed));
+        return set;
+    }
+    static int Highest(const std::vector<int>& heights) {
+        return *std::max_element(heights.begin(), heights.end());
     }
 };
+
+TEST_F(CarpetTest, FramesAtRandomSettingsAreTheLiteralOnes) {
+    InDialog([](WindowHandle dialog) {
+        SettingDraws draws(13);
+        for (int round = 0; round < 10; ++round) {
+            SCOPED_TRACE(round);
+            ExpectColorRings(dialog, PlainCarpetHeights(SetAtRandom(dialog, draws)), draws);
+        }
+    });
+}
 
 TEST_F(CarpetTest, EachLayerTakesItsOwnDraws) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
         for (const int layers : {1, 2, 5}) {
-            Set(dialog, kLayers, layers);
+            Set(dialog, "Layers", layers);
             platform::FreeBlock(RenderTest(Subject(), dialog));
             EXPECT_EQ(DrawsSince(700, 8 * kDrawsOfALayer), layers * kDrawsOfALayer);
         }
     });
 }
 
-TEST_F(CarpetTest, HeightsAreStretchedThoughAnEighthOfFewLayersIsLow) {
-    // Two layers give 63 at most before. The mean of neighbours takes the extremes off.
+TEST_F(CarpetTest, OneLayerIsNotDividedAndTwoGive63AtMostBeforeTheStretch) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        UseCountingFountain(dialog, kButton);
-        for (const int layers : {1, 2, 7}) {
-            Set(dialog, kLayers, layers);
-            const auto heights = HeightsOf(dialog);
-            const auto [low, high] = std::minmax_element(heights.begin(), heights.end());
-            EXPECT_LE(*low, 40) << layers;
-            EXPECT_GE(*high, 128) << layers;
-            EXPECT_LE(*high, 255) << layers;
+        UseCountingFountain(dialog);
+        for (const int layers : {1, 2}) {
+            const PlainCarpetSettings settings{32, 60, layers, 700};
+            const int highest = Highest(PlainLayeredNoise(settings));
+            EXPECT_EQ(highest > 63, layers == 1);
+            Set(dialog, "Layers", layers);
+            EXPECT_EQ(HeightsOf(dialog), PlainCarpetHeights(settings)) << layers;
         }
     });
 }
@@ -63,7 +78,7 @@ TEST_F(CarpetTest, HeightsAreStretchedThoughAnEighthOfFewLayersIsLow) {
 TEST_F(CarpetTest, FieldIsMirroredAtAQuarterOfTheTile) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        UseCountingFountain(dialog, kButton);
+        UseCountingFountain(dialog);
         const auto heights = HeightsOf(dialog);
         // Nearer to the tile's edge the scaler's kernel is cut on one side alone.
         for (std::size_t y = 0; y < 32; ++y) {
@@ -78,8 +93,8 @@ TEST_F(CarpetTest, FieldIsMirroredAtAQuarterOfTheTile) {
 
 TEST_F(CarpetTest, NeighboursAcrossTheSeamAreAsNearAsOthers) {
     InDialog([](WindowHandle dialog) {
-        Set(dialog, kSize, 96);
-        UseCountingFountain(dialog, kButton);
+        Set(dialog, "Size", 96);
+        UseCountingFountain(dialog);
         const auto heights = HeightsOf(dialog);
         const auto at = [&heights](int x, int y) {
             return heights[static_cast<std::size_t>(y * 96 + x)];
@@ -96,7 +111,7 @@ TEST_F(CarpetTest, NeighboursAcrossTheSeamAreAsNearAsOthers) {
 TEST_F(CarpetTest, SmallestSizeMirrorsAndHalvesTheSame) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        Set(dialog, kSize, 16);
+        Set(dialog, "Size", 16);
         const auto pixels = TakePixels(RenderTest(Subject(), dialog));
         ASSERT_EQ(pixels.size(), 256u);
         for (std::size_t y = 0; y < 16; ++y)
@@ -107,9 +122,9 @@ TEST_F(CarpetTest, SmallestSizeMirrorsAndHalvesTheSame) {
 TEST_F(CarpetTest, FramesBeyond256RepeatAndTwoAreHalfARing) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        Set(dialog, kSize, 16);
+        Set(dialog, "Size", 16);
         const auto two = TakeFrames(RenderBuild(Subject(), dialog));
-        Set(dialog, kFrames, 512);
+        Set(dialog, "Frames", 512);
         const auto many = TakeFrames(RenderBuild(Subject(), dialog));
         EXPECT_EQ(many[0], two[0]);
         EXPECT_EQ(many[256], two[1]);
@@ -122,10 +137,10 @@ TEST_F(CarpetTest, FramesBeyond256RepeatAndTwoAreHalfARing) {
 TEST_F(CarpetTest, FrameIsTheHeightsInTheTurnedRing) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        UseCountingFountain(dialog, kButton);
-        const auto strip = StripOf(dialog, kButton);
+        UseCountingFountain(dialog);
+        const auto strip = StripOf(dialog);
         const auto heights = HeightsOf(dialog);
-        const auto frames = TakeFramePixels(RenderBuild(Subject(), dialog));
+        const auto frames = TakePixels(RenderBuild(Subject(), dialog));
         for (std::size_t i = 0; i < heights.size(); ++i)
             ASSERT_EQ(frames[1][i], strip[static_cast<std::size_t>((heights[i] + 128) % 256)]);
     });
@@ -134,10 +149,10 @@ TEST_F(CarpetTest, FrameIsTheHeightsInTheTurnedRing) {
 TEST_F(CarpetTest, HeightsDoNotDependOnTheFountain) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        UseCountingFountain(dialog, kButton);
+        UseCountingFountain(dialog);
         const auto heights = HeightsOf(dialog);
         {
-            const LockedFountain fountain = LockFountain(platform::Control(dialog, kButton));
+            const LockedFountain fountain = LockFountain(Button(dialog));
             fountain->Start = 0x400000;
             fountain->Markers[0] = MakeMarker(128, 0x40FF00);
         }
@@ -145,23 +160,24 @@ TEST_F(CarpetTest, HeightsDoNotDependOnTheFountain) {
     });
 }
 
-TEST_F(CarpetTest, OneColorFountainGivesFlatFrames) {
-    // As a field without heights would, for the ring has the same colour everywhere.
+TEST_F(CarpetTest, FlatFieldIsOneColorThatRunsThroughTheFountain) {
     InDialog([](WindowHandle dialog) {
-        Shrink(dialog);
-        {
-            const LockedFountain fountain = LockFountain(platform::Control(dialog, kButton));
-            fountain->Count = 0;
-            fountain->Start = 0x336699;
+        UseCountingFountain(dialog);
+        const auto strip = StripOf(dialog);
+        const platform::OwnedBlock field(NewSolidImage({0, 0, 7, 5}, 0x4D4D4D));
+        ASSERT_TRUE(NormalizeHeights(field.Get()));
+        const ColorRing ring{FountainButtonOf(Subject()), field.Get(), 7, 5};
+        for (std::size_t shift = 0; shift < 256; shift += 17) {
+            const auto pixels =
+                TakePixels(RenderColorRing(dialog, ring, static_cast<double>(shift) / 256.0));
+            EXPECT_EQ(pixels, std::vector<ColorWord>(35, strip[shift])) << shift;
         }
-        for (const ColorWord pixel : TakePixels(RenderTest(Subject(), dialog)))
-            EXPECT_EQ(pixel, 0x336699u);
     });
 }
 
 TEST_F(CarpetTest, ButtonWithoutARecordFails) {
     InDialog([](WindowHandle dialog) {
-        TakeRecord(dialog, kButton);
+        TakeRecord(dialog);
         EXPECT_EQ(RenderTest(Subject(), dialog), nullptr);
     });
 }
@@ -169,7 +185,7 @@ TEST_F(CarpetTest, ButtonWithoutARecordFails) {
 TEST_F(CarpetTest, EveryFailingAllocationEndsCleanly) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        EXPECT_GT(FailEachAllocationOfASample(Subject(), dialog), 5);
+        EXPECT_GT(FailuresOfASample(Subject(), dialog), 5);
     });
 }
 

@@ -9,24 +9,6 @@ namespace {
 
 using platform::WindowHandle;
 
-enum Control : int {
-    kBackground = 183,
-    kOpacity = 185,
-    kFrames = 187,
-    kSeed = 189,
-    kDensity = 191,
-    kWidth = 193,
-    kDepth = 195,
-    kColor1 = 197,
-    kEnable2 = 207,
-    kEnable5 = 210,
-    kVariAlpha = 211,
-    kVariWidth = 212,
-    kThickness = 213,
-    kRound = 215,
-    kSolid = 217,
-};
-
 constexpr int kTestSeed = 500;
 constexpr int kSquares = 8;
 
@@ -36,25 +18,22 @@ struct Square {
 
 using Picture = std::vector<ColorWord>;
 
-class CubistTest : public StyleTest {
+class CubistTest : public StyleTest<CubistStyle> {
 protected:
-    static const StyleEntry& Cubist() { return Style("Cubist"); }
-
     /// Eight white filled squares with sharp corners on black, which neither fade
     /// nor thin out.
     static void SetPlain(WindowHandle dialog, int side, int frames) {
-        Set(dialog, kWidth, side);
-        Set(dialog, kDepth, side);
-        Set(dialog, kDensity, kSquares);
-        Set(dialog, kSeed, kTestSeed);
-        Set(dialog, kFrames, frames);
-        Set(dialog, kColor1, 0xFFFFFF);
-        Set(dialog, kRound, 0);
-        for (int id = kEnable2; id <= kEnable5; ++id)
-            platform::SetChecked(dialog, id, false);
-        platform::SetChecked(dialog, kVariAlpha, false);
-        platform::SetChecked(dialog, kVariWidth, false);
-        platform::SetChecked(dialog, kSolid, true);
+        Set(dialog, "Width", side);
+        Set(dialog, "Depth", side);
+        Set(dialog, "Density", kSquares);
+        Set(dialog, "Seed", kTestSeed);
+        Set(dialog, "Frames", frames);
+        Set(dialog, "FillColor1", 0xFFFFFF);
+        Set(dialog, "Roundness", 0);
+        EnableColors(dialog, false);
+        Set(dialog, "VariAlpha", false);
+        Set(dialog, "VariWidth", false);
+        Set(dialog, "Solid", true);
     }
 
     /// The draws: with one colour there are three a square.
@@ -88,11 +67,33 @@ protected:
         }
         return picture;
     }
+    /// A picture of hollow squares whose pen at stage s is `pens[s]` wide: '#' where a
+    /// pen passes, '?' in a corner, which wide pens round off.
+    static std::string Rings(int side, int frame, const std::vector<int>& sides,
+                             const std::vector<int>& pens) {
+        const int frames = static_cast<int>(sides.size());
+        std::string picture(static_cast<std::size_t>(side * side), '.');
+        for (const Square& square : DrawSquares(side, frames)) {
+            const auto stage = static_cast<std::size_t>((square.stage + frame) % frames);
+            const int size = sides[stage];
+            for (int i = 0; i < size * size; ++i) {
+                const int from_side = std::min(i % size, size - 1 - i % size);
+                const int from_end = std::min(i / size, size - 1 - i / size);
+                if (std::min(from_side, from_end) >= pens[stage]) continue;
+                const int x = Wrap(square.x - size / 2 + i % size, side);
+                const int y = Wrap(square.y - size / 2 + i / size, side);
+                char& pixel = picture[static_cast<std::size_t>(y * side + x)];
+                const bool is_corner = pens[stage] > 1 && from_side + from_end == 0;
+                if (!is_corner || pixel == '.') pixel = is_corner ? '?' : '#';
+            }
+        }
+        return picture;
+    }
     static std::vector<Picture> Frames(WindowHandle dialog) {
-        return TakePixels(RenderBuild(Cubist(), dialog));
+        return TakePixels(RenderBuild(Subject(), dialog));
     }
     static int DrawsOfASample(WindowHandle dialog) {
-        platform::FreeBlock(RenderTest(Cubist(), dialog));
+        platform::FreeBlock(RenderTest(Subject(), dialog));
         return DrawsSince(kTestSeed, 1000);
     }
 };
@@ -141,7 +142,7 @@ TEST_F(CubistTest, WidthSixteenHasSquaresOfEightAtMost) {
 TEST_F(CubistTest, WithVariableDensityTheSmallestSquareLeavesTheFrameUnchanged) {
     InDialog([](WindowHandle dialog) {
         SetPlain(dialog, 64, 2);
-        platform::SetChecked(dialog, kVariAlpha, true);
+        Set(dialog, "VariAlpha", true);
         EXPECT_EQ(Frames(dialog)[0], Expected(64, 0, {0, 32}));
     });
 }
@@ -149,7 +150,7 @@ TEST_F(CubistTest, WithVariableDensityTheSmallestSquareLeavesTheFrameUnchanged) 
 TEST_F(CubistTest, OpacityIsAppliedTwice) {
     InDialog([](WindowHandle dialog) {
         SetPlain(dialog, 64, 2);
-        Set(dialog, kOpacity, 128);
+        Set(dialog, "FillOpacity", 128);
         const auto frames = Frames(dialog);
         EXPECT_EQ(frames[0], Expected(64, 0, {2, 32}, 128, 128));
         EXPECT_NE(std::count(frames[0].begin(), frames[0].end(), 0x404040u), 0);  // a quarter
@@ -159,8 +160,8 @@ TEST_F(CubistTest, OpacityIsAppliedTwice) {
 TEST_F(CubistTest, PenWiderThanTheBoxFillsIt) {
     InDialog([](WindowHandle dialog) {
         SetPlain(dialog, 16, 2);
-        platform::SetChecked(dialog, kSolid, false);
-        Set(dialog, kThickness, 48);
+        Set(dialog, "Solid", false);
+        Set(dialog, "Thickness", 48);
         EXPECT_EQ(Frames(dialog)[0], Expected(16, 0, {2, 8}));
     });
 }
@@ -168,9 +169,9 @@ TEST_F(CubistTest, PenWiderThanTheBoxFillsIt) {
 TEST_F(CubistTest, HollowSquareIsAsWideAsItsPen) {
     InDialog([](WindowHandle dialog) {
         SetPlain(dialog, 64, 2);
-        platform::SetChecked(dialog, kSolid, false);
-        Set(dialog, kThickness, 4);
-        Set(dialog, kOpacity, 255);
+        Set(dialog, "Solid", false);
+        Set(dialog, "Thickness", 4);
+        Set(dialog, "FillOpacity", 255);
         const Picture hollow = Frames(dialog)[0];
         const Picture full = Expected(64, 0, {2, 32});
         std::size_t inside = 0;
@@ -182,11 +183,34 @@ TEST_F(CubistTest, HollowSquareIsAsWideAsItsPen) {
     });
 }
 
+TEST_F(CubistTest, WithVariableWidthPensThinOutToOnePixel) {
+    InDialog([](WindowHandle dialog) {
+        SetPlain(dialog, 64, 8);
+        Set(dialog, "Solid", false);
+        Set(dialog, "VariWidth", true);
+        Set(dialog, "Thickness", 6);
+        const auto frames = Frames(dialog);
+        ASSERT_EQ(frames.size(), 8u);
+        // Quarters of 6, cut, and never none.
+        const std::vector<int> sides{2, 8, 16, 24, 32, 24, 16, 8};
+        const std::vector<int> pens{1, 1, 3, 4, 6, 4, 3, 1};
+        for (int i = 0; i < 8; ++i) {
+            const std::string expected = Rings(64, i, sides, pens);
+            std::string seen;  // the scaler rings beside a pen's edges
+            for (const ColorWord pixel : frames[static_cast<std::size_t>(i)]) {
+                const bool is_corner = expected[seen.size()] == '?';
+                seen += is_corner ? '?' : RedOf(pixel) > 127 ? '#' : '.';
+            }
+            EXPECT_EQ(seen, expected) << i;
+        }
+    });
+}
+
 TEST_F(CubistTest, RoundHundredMakesCircles) {
     InDialog([](WindowHandle dialog) {
         SetPlain(dialog, 64, 2);
-        Set(dialog, kRound, 100);
-        platform::SetChecked(dialog, kVariAlpha, true);  // the small ones are not seen
+        Set(dialog, "Roundness", 100);
+        Set(dialog, "VariAlpha", true);  // the small ones are not seen
         const Picture picture = Frames(dialog)[0];
         const std::vector<Square> squares = DrawSquares(64, 2);
         for (int i = 0; i < 64 * 64; ++i) {
@@ -211,23 +235,23 @@ TEST_F(CubistTest, OneColorTakesThreeDrawsASquareAndSeveralAtLeastFour) {
     InDialog([](WindowHandle dialog) {
         SetPlain(dialog, 64, 5);
         EXPECT_EQ(DrawsOfASample(dialog), 3 * kSquares);
-        platform::SetChecked(dialog, kEnable2, true);
+        Set(dialog, "FillEnable2", true);
         EXPECT_GE(DrawsOfASample(dialog), 4 * kSquares);
     });
 }
 
 TEST_F(CubistTest, FirstFrameOfABuildIsTheSample) {
     InDialog([](WindowHandle dialog) {
-        const auto frames = TakeFrames(RenderBuild(Cubist(), dialog));
+        const auto frames = TakeFrames(RenderBuild(Subject(), dialog));
         ASSERT_EQ(frames.size(), 48u);
-        EXPECT_EQ(TakeBytes(RenderTest(Cubist(), dialog)), frames[0]);
+        EXPECT_EQ(TakeBytes(RenderTest(Subject(), dialog)), frames[0]);
     });
 }
 
 TEST_F(CubistTest, EveryFailingAllocationEndsCleanly) {
     InDialog([](WindowHandle dialog) {
         SetPlain(dialog, 64, 3);
-        EXPECT_GT(FailuresOfASample(Cubist(), dialog), 5);
+        EXPECT_GT(FailuresOfASample(Subject(), dialog), 5);
     });
 }
 

@@ -8,15 +8,12 @@ namespace {
 
 using platform::WindowHandle;
 
-enum Control : int { kFrames = 264, kWidth = 266, kDepth = 268, kButton = 270, kScroll = 272 };
-
-class FountainStyleOfItsOwn : public FountainStyleTest {
+class FountainStyleOfItsOwn : public FountainStyleTest<FountainStyle> {
 protected:
-    static const StyleEntry& Subject() { return Style("Fountain"); }
     static void Shrink(WindowHandle dialog) {
-        Set(dialog, kWidth, 40);
-        Set(dialog, kDepth, 20);
-        Set(dialog, kFrames, 2);
+        Set(dialog, "Width", 40);
+        Set(dialog, "Depth", 20);
+        Set(dialog, "Frames", 2);
     }
     static ColorWord At(const std::vector<ColorWord>& pixels, int x, int y) {
         return pixels[static_cast<std::size_t>(y * 40 + x)];
@@ -26,7 +23,7 @@ protected:
 TEST_F(FountainStyleOfItsOwn, SampleIsTheFountainAtTheTilesSize) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        const Fountain fountain = FountainOf(dialog, kButton);
+        const Fountain fountain = FountainOf(dialog);
         EXPECT_EQ(TakeBytes(RenderTest(Subject(), dialog)),
                   TakeBytes(RenderFountainImage(fountain, 40, 20)));
     });
@@ -35,7 +32,7 @@ TEST_F(FountainStyleOfItsOwn, SampleIsTheFountainAtTheTilesSize) {
 TEST_F(FountainStyleOfItsOwn, TwoFramesShowTheBandAndHalfARollOfIt) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        const auto frames = TakeFramePixels(RenderBuild(Subject(), dialog));
+        const auto frames = TakePixels(RenderBuild(Subject(), dialog));
         ASSERT_EQ(frames.size(), 2u);
         for (int x = 0; x < 40; ++x)  // to the right
             EXPECT_EQ(At(frames[1], (x + 20) % 40, 7), At(frames[0], x, 7));
@@ -45,11 +42,11 @@ TEST_F(FountainStyleOfItsOwn, TwoFramesShowTheBandAndHalfARollOfIt) {
 TEST_F(FountainStyleOfItsOwn, DirectionsRollUpRightLeftAndDown) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        Set(dialog, kFrames, 4);
+        Set(dialog, "Frames", 4);
         const int across[] = {0, 10, -10, 0}, down[] = {-5, 0, 0, 5};
         for (int direction = 0; direction < 4; ++direction) {
-            SetDirection(dialog, kScroll, direction);
-            const auto frames = TakeFramePixels(RenderBuild(Subject(), dialog));
+            Set(dialog, "Scroll", direction);
+            const auto frames = TakePixels(RenderBuild(Subject(), dialog));
             for (int i = 0; i < 40 * 20; ++i) {
                 const int x = i % 40, y = i / 40;
                 ASSERT_EQ(At(frames[1], (x + across[direction] + 40) % 40,
@@ -64,11 +61,11 @@ TEST_F(FountainStyleOfItsOwn, DirectionsRollUpRightLeftAndDown) {
 TEST_F(FountainStyleOfItsOwn, UprightBandsStartAtTheSideThatTheyMoveTo) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        const Fountain fountain = FountainOf(dialog, kButton);
+        const Fountain fountain = FountainOf(dialog);
         const auto band = TakePixels(RenderFountainImage(fountain, 20, 40));
-        SetDirection(dialog, kScroll, 0);
+        Set(dialog, "Scroll", 0);
         const auto upwards = TakePixels(RenderTest(Subject(), dialog));
-        SetDirection(dialog, kScroll, 3);
+        Set(dialog, "Scroll", 3);
         const auto downwards = TakePixels(RenderTest(Subject(), dialog));
         for (int y = 0; y < 20; ++y) {
             EXPECT_EQ(At(upwards, 13, y), band[static_cast<std::size_t>(y)]);
@@ -80,8 +77,8 @@ TEST_F(FountainStyleOfItsOwn, UprightBandsStartAtTheSideThatTheyMoveTo) {
 TEST_F(FountainStyleOfItsOwn, MoreFramesThanColumnsRepeatARoll) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        Set(dialog, kWidth, 16);
-        Set(dialog, kFrames, 64);
+        Set(dialog, "Width", 16);
+        Set(dialog, "Frames", 64);
         const auto frames = TakeFrames(RenderBuild(Subject(), dialog));
         for (std::size_t f = 0; f < 64; f += 4) {
             for (std::size_t i = 1; i < 4; ++i)
@@ -93,7 +90,7 @@ TEST_F(FountainStyleOfItsOwn, MoreFramesThanColumnsRepeatARoll) {
 
 TEST_F(FountainStyleOfItsOwn, ButtonWithoutARecordFails) {
     InDialog([](WindowHandle dialog) {
-        TakeRecord(dialog, kButton);
+        TakeRecord(dialog);
         EXPECT_EQ(RenderTest(Subject(), dialog), nullptr);
     });
 }
@@ -110,8 +107,8 @@ TEST_F(FountainStyleOfItsOwn, MakesNoDraw) {
 TEST_F(FountainStyleOfItsOwn, EveryFailingAllocationEndsCleanly) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        SetDirection(dialog, kScroll, 3);
-        EXPECT_GT(FailEachAllocationOfASample(Subject(), dialog), 5);
+        Set(dialog, "Scroll", 3);
+        EXPECT_GT(FailuresOfASample(Subject(), dialog), 5);
     });
 }
 

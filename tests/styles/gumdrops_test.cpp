@@ -11,25 +11,6 @@ namespace {
 
 using platform::WindowHandle;
 
-enum Control : int {
-    kBackground = 322,
-    kFrames = 324,
-    kColor1 = 326,
-    kEnable2 = 336,
-    kEnable5 = 339,
-    kStyle1 = 340,
-    kStyle5 = 344,
-    kWidth = 345,
-    kDepth = 347,
-    kSeed = 349,
-    kDensity = 351,
-    kBevel = 353,
-    kSize = 354,
-    kDrift = 356,
-};
-
-enum Shape : int { kCircle, kDiamond, kSquare, kBiscuit };
-
 constexpr int kTestSeed = 500;
 
 using Picture = std::vector<ColorWord>;
@@ -77,46 +58,76 @@ std::vector<Drop> DrawDrops(int seed, int count, int frames) {
     return drops;
 }
 
-class GumdropsTest : public StyleTest {
-protected:
-    static const StyleEntry& Gumdrops() { return Style("Gumdrops"); }
-
-    static void UseOneColor(WindowHandle dialog) {
-        for (int id = kEnable2; id <= kEnable5; ++id)
-            platform::SetChecked(dialog, id, false);
+/// The seed of four drops on 64 by 64 pixels whose first has this life and sense, in
+/// reach of no other at its largest.
+int SeedOfALonePath(double life, double step, raster::Point* center) {
+    constexpr int kSide = 64, kReach = 17;
+    for (int seed = 100; seed < 32760; ++seed) {
+        const std::vector<Drop> drops = DrawDrops(seed, 4, 16);
+        if (drops[0].life != life || drops[0].life_step != step) continue;
+        *center = drops[0].Center(kSide, kSide, 0);
+        const bool lone = std::none_of(drops.begin() + 1, drops.end(), [&](const Drop& drop) {
+            const raster::Point other = drop.Center(kSide, kSide, 0);
+            return Wrap(other.x - center->x + kReach, kSide) <= 2 * kReach &&
+                   Wrap(other.y - center->y + kReach, kSide) <= 2 * kReach;
+        });
+        if (lone) return seed;
     }
-    static void UseShape(WindowHandle dialog, Shape shape) {
-        for (int id = kStyle1; id <= kStyle5; ++id)
-            platform::SetSelection(dialog, id, shape);
+    return 0;
+}
+
+class GumdropsTest : public StyleTest<GumdropsStyle> {
+protected:
+    static void UseShape(WindowHandle dialog, std::string_view shape) {
+        for (int i = 1; i <= 5; ++i)
+            Set(dialog, Numbered("Style", i), shape);
     }
     /// White flat drops on black, 40 of them, on 64 by 48 pixels.
-    static void SetPlain(WindowHandle dialog, Shape shape) {
-        Set(dialog, kWidth, 64);
-        Set(dialog, kDepth, 48);
-        Set(dialog, kFrames, 16);
-        Set(dialog, kSize, 40);
-        Set(dialog, kDensity, 40);
-        Set(dialog, kSeed, kTestSeed);
-        Set(dialog, kBackground, 0);
-        Set(dialog, kColor1, 0xFFFFFF);
-        platform::SetChecked(dialog, kBevel, false);
-        UseOneColor(dialog);
+    static void SetPlain(WindowHandle dialog, std::string_view shape) {
+        Set(dialog, "Width", 64);
+        Set(dialog, "Depth", 48);
+        Set(dialog, "Frames", 16);
+        Set(dialog, "Size", 40);
+        Set(dialog, "Density", 40);
+        Set(dialog, "Seed", kTestSeed);
+        Set(dialog, "Background", 0);
+        Set(dialog, "FillColor1", 0xFFFFFF);
+        Set(dialog, "BevelEnable", false);
+        EnableColors(dialog, false);
         UseShape(dialog, shape);
     }
     static std::vector<Picture> Frames(WindowHandle dialog) {
-        return TakePixels(RenderBuild(Gumdrops(), dialog));
+        return TakePixels(RenderBuild(Subject(), dialog));
     }
     static int DrawsOfASample(WindowHandle dialog) {
-        platform::FreeBlock(RenderTest(Gumdrops(), dialog));
+        platform::FreeBlock(RenderTest(Subject(), dialog));
         return DrawsSince(kTestSeed, 1000);
     }
 
+    /// The levels in the middle of the drop that SeedOfALonePath finds, in eight frames
+    /// of sixteen.
+    static std::vector<int> LonePathLevels(WindowHandle dialog, double life, double step) {
+        raster::Point center{};
+        const int seed = SeedOfALonePath(life, step, &center);
+        EXPECT_NE(seed, 0);
+        SetPlain(dialog, "Square");
+        Set(dialog, "Depth", 64);
+        Set(dialog, "Density", 4);
+        Set(dialog, "Drift", 1);  // a hundredth of 64 pixels is none
+        Set(dialog, "Seed", seed);
+        const auto frames = Frames(dialog);
+        std::vector<int> levels;
+        for (std::size_t i = 0; i < 8; ++i)
+            levels.push_back(RedOf(frames[i][static_cast<std::size_t>(64 * center.y + center.x)]));
+        return levels;
+    }
+
     /// The frames of SetPlain's square drops, pixel by pixel.
-    static std::vector<Picture> ExpectedSquares(int drift) {
+    static std::vector<Picture> ExpectedSquares(int drift, int count) {
         constexpr int kTileWidth = 64, kTileDepth = 48;
-        std::vector<Drop> drops = DrawDrops(kTestSeed, 40, 16);
+        std::vector<Drop> drops = DrawDrops(kTestSeed, 40, count);
         std::vector<Picture> frames;
-        for (int frame = 0; frame < 16; ++frame) {
+        for (int frame = 0; frame < count; ++frame) {
             Picture picture(kTileWidth * kTileDepth, 0);
             for (Drop& drop : drops) {
                 const int side = drop.Diameter(kTileDepth, 40);
@@ -129,7 +140,7 @@ protected:
                     const int grey = RedOf(pixel) * (255 - drop.Grey()) / 255 + drop.Grey();
                     pixel = MakeColor(grey, grey, grey);
                 }
-                drop.Advance(6.25);
+                drop.Advance(100.0 / count);
             }
             frames.push_back(picture);
         }
@@ -139,10 +150,10 @@ protected:
 
 TEST_F(GumdropsTest, SixteenFramesOfSquaresAreTheirDrawsAndSteps) {
     InDialog([](WindowHandle dialog) {
-        SetPlain(dialog, kSquare);
-        Set(dialog, kDrift, 20);
+        SetPlain(dialog, "Square");
+        Set(dialog, "Drift", 20);
         const auto frames = Frames(dialog);
-        const auto expected = ExpectedSquares(20);
+        const auto expected = ExpectedSquares(20, 16);
         ASSERT_EQ(frames.size(), 16u);
         for (std::size_t i = 0; i < 16; ++i)
             EXPECT_EQ(frames[i], expected[i]) << i;
@@ -151,42 +162,56 @@ TEST_F(GumdropsTest, SixteenFramesOfSquaresAreTheirDrawsAndSteps) {
 
 TEST_F(GumdropsTest, DriftLargerThanTheTileIsFoldedBack) {
     InDialog([](WindowHandle dialog) {
-        SetPlain(dialog, kSquare);
-        Set(dialog, kDrift, 256);
+        SetPlain(dialog, "Square");
+        Set(dialog, "Drift", 256);
         const auto frames = Frames(dialog);
-        const auto expected = ExpectedSquares(256);
+        const auto expected = ExpectedSquares(256, 16);
         for (std::size_t i = 0; i < 16; ++i)
             EXPECT_EQ(frames[i], expected[i]) << i;
     });
 }
 
-TEST_F(GumdropsTest, DropWithoutLifeIsSkippedAndLivesOn) {
-    Drop drop{0, 0, 0.0, 6.25, 0.0, 0};
-    EXPECT_EQ(drop.Diameter(48, 40), 0);
-    drop.Advance(6.25);
-    EXPECT_EQ(drop.life, 6.25);
-    EXPECT_EQ(drop.orbit, 6.25);
-    // The draws that the pictures are held to have such a drop.
-    const std::vector<Drop> drops = DrawDrops(kTestSeed, 40, 16);
-    EXPECT_TRUE(std::any_of(drops.begin(), drops.end(),
-                            [](const Drop& each) { return each.Diameter(48, 40) <= 1; }));
+TEST_F(GumdropsTest, LivesThatMeetAnEndExactlyTurnBackAtOnce) {
+    InDialog([](WindowHandle dialog) {
+        constexpr int kCount = 20;  // lives of whole fives meet both ends
+        std::vector<Drop> drops = DrawDrops(kTestSeed, 40, kCount);
+        ASSERT_TRUE(std::any_of(drops.begin(), drops.end(), [](const Drop& drop) {
+            return std::fmod(drop.life, 5.0) == 0.0 && drop.life > 0.0 && drop.life_step > 0.0;
+        }));
+        ASSERT_TRUE(std::any_of(drops.begin(), drops.end(), [](const Drop& drop) {
+            return std::fmod(drop.life, 5.0) == 0.0 && drop.life > 0.0 && drop.life_step < 0.0;
+        }));
+        SetPlain(dialog, "Square");
+        Set(dialog, "Frames", kCount);
+        Set(dialog, "Drift", 20);
+        EXPECT_EQ(Frames(dialog), ExpectedSquares(20, kCount));
+    });
 }
 
-TEST_F(GumdropsTest, LifeOfAHundredTurnsBackAtOnce) {
-    Drop drop{0, 0, 93.75, 6.25, 0.0, 0};
-    drop.Advance(6.25);
-    EXPECT_EQ(drop.life, 93.75);
-    EXPECT_EQ(drop.life_step, -6.25);
+TEST_F(GumdropsTest, LifeOfAHundredAndOfNothingNeverLast) {
+    InDialog([](WindowHandle dialog) {
+        // 75, 81.25, 87.5, 93.75, 100 and at once back; or from 25 down to 0.
+        const std::vector<int> expected{127, 95, 63, 31, 31, 63, 95, 127};
+        EXPECT_EQ(LonePathLevels(dialog, 75.0, 6.25), expected);
+        EXPECT_EQ(LonePathLevels(dialog, 25.0, -6.25), expected);
+    });
+}
+
+TEST_F(GumdropsTest, DropWithoutLifeIsSkippedAndLivesOn) {
+    InDialog([](WindowHandle dialog) {
+        EXPECT_EQ(LonePathLevels(dialog, 0.0, 6.25),
+                  (std::vector<int>{0, 31, 63, 95, 127, 159, 191, 223}));
+    });
 }
 
 TEST_F(GumdropsTest, OneColorDrawsAsManyTimesAndStandsInTheSamePlaces) {
     InDialog([](WindowHandle dialog) {
-        SetPlain(dialog, kCircle);
+        SetPlain(dialog, "Circle");
         EXPECT_EQ(DrawsOfASample(dialog), 40 * 6);
         const auto one = Frames(dialog);
         for (int i = 0; i < 4; ++i) {
-            platform::SetChecked(dialog, kEnable2 + i, true);
-            Set(dialog, kColor1 + 2 + 2 * i, 0xFFFFFF);
+            Set(dialog, Numbered("FillEnable", 2 + i), true);
+            Set(dialog, Numbered("FillColor", 2 + i), 0xFFFFFF);
         }
         EXPECT_EQ(DrawsOfASample(dialog), 40 * 6);
         EXPECT_EQ(Frames(dialog), one);
@@ -195,10 +220,10 @@ TEST_F(GumdropsTest, OneColorDrawsAsManyTimesAndStandsInTheSamePlaces) {
 
 TEST_F(GumdropsTest, SmallestSizeOnTheSmallestTileDrawsNoDrop) {
     InDialog([](WindowHandle dialog) {
-        SetPlain(dialog, kSquare);
-        Set(dialog, kWidth, 16);
-        Set(dialog, kDepth, 16);
-        Set(dialog, kSize, 8);
+        SetPlain(dialog, "Square");
+        Set(dialog, "Width", 16);
+        Set(dialog, "Depth", 16);
+        Set(dialog, "Size", 8);
         for (const Picture& frame : Frames(dialog)) {
             EXPECT_TRUE(std::all_of(frame.begin(), frame.end(),
                                     [](ColorWord pixel) { return pixel == 0; }));
@@ -238,16 +263,16 @@ protected:
     static constexpr int kSide = 128;
 
     /// The levels of a lone drop, row by row.
-    static std::vector<int> LoneLevels(WindowHandle dialog, Shape shape, bool bevel) {
+    static std::vector<int> LoneLevels(WindowHandle dialog, std::string_view shape, bool bevel) {
         const LoneDrop lone = FindLoneDrop(4);
         SetPlain(dialog, shape);
-        Set(dialog, kWidth, kSide);
-        Set(dialog, kDepth, kSide);
-        Set(dialog, kSize, 48);
-        Set(dialog, kDensity, 4);
-        Set(dialog, kDrift, 1);
-        Set(dialog, kSeed, lone.seed);
-        platform::SetChecked(dialog, kBevel, bevel);
+        Set(dialog, "Width", kSide);
+        Set(dialog, "Depth", kSide);
+        Set(dialog, "Size", 48);
+        Set(dialog, "Density", 4);
+        Set(dialog, "Drift", 1);
+        Set(dialog, "Seed", lone.seed);
+        Set(dialog, "BevelEnable", bevel);
         const Picture picture = Frames(dialog)[0];
         std::vector<int> levels;
         for (int i = 0; i < lone.diameter * lone.diameter; ++i) {
@@ -273,7 +298,7 @@ protected:
 
 TEST_F(GumdropSpriteTest, BevelOfASquareIsBrightestBetweenRimAndCenter) {
     InDialog([](WindowHandle dialog) {
-        const std::vector<int> levels = LoneLevels(dialog, kSquare, true);
+        const std::vector<int> levels = LoneLevels(dialog, "Square", true);
         const auto side = static_cast<std::size_t>(std::sqrt(levels.size()));
         ASSERT_GT(side, 25u);
         const int* middle = &levels[side / 2 * side];
@@ -286,7 +311,7 @@ TEST_F(GumdropSpriteTest, BevelOfASquareIsBrightestBetweenRimAndCenter) {
 
 TEST_F(GumdropSpriteTest, InnerRingsOfADiamondSlideUpAndToTheLeft) {
     InDialog([](WindowHandle dialog) {
-        const std::vector<int> levels = LoneLevels(dialog, kDiamond, true);
+        const std::vector<int> levels = LoneLevels(dialog, "Diamond", true);
         const auto side = static_cast<std::size_t>(std::sqrt(levels.size()));
         // Rings about the middle would be dim at both ends of both diagonals. These
         // end as a line along the upper left side: the level changes across it only.
@@ -306,26 +331,26 @@ TEST_F(GumdropSpriteTest, InnerRingsOfADiamondSlideUpAndToTheLeft) {
 
 TEST_F(GumdropSpriteTest, CircleAndBiscuitLeaveTheCornersFree) {
     InDialog([](WindowHandle dialog) {
-        EXPECT_EQ(LoneLevels(dialog, kCircle, false)[0], 0);
-        const int sharp = LoneLevels(dialog, kSquare, false)[0];
+        EXPECT_EQ(LoneLevels(dialog, "Circle", false)[0], 0);
+        const int sharp = LoneLevels(dialog, "Square", false)[0];
         EXPECT_GT(sharp, 100);
-        EXPECT_LT(LoneLevels(dialog, kBiscuit, false)[0], sharp / 2);
+        EXPECT_LT(LoneLevels(dialog, "Biscuit", false)[0], sharp / 2);
     });
 }
 
 TEST_F(GumdropsTest, FirstFrameOfABuildIsTheSample) {
     InDialog([](WindowHandle dialog) {
-        Set(dialog, kFrames, 16);
-        const auto frames = TakeFrames(RenderBuild(Gumdrops(), dialog));
-        EXPECT_EQ(TakeBytes(RenderTest(Gumdrops(), dialog)), frames[0]);
+        Set(dialog, "Frames", 16);
+        const auto frames = TakeFrames(RenderBuild(Subject(), dialog));
+        EXPECT_EQ(TakeBytes(RenderTest(Subject(), dialog)), frames[0]);
     });
 }
 
 TEST_F(GumdropsTest, EveryFailingAllocationEndsCleanly) {
     InDialog([](WindowHandle dialog) {
-        SetPlain(dialog, kBiscuit);
-        Set(dialog, kDensity, 8);
-        EXPECT_GT(FailuresOfASample(Gumdrops(), dialog), 5);
+        SetPlain(dialog, "Biscuit");
+        Set(dialog, "Density", 8);
+        EXPECT_GT(FailuresOfASample(Subject(), dialog), 5);
     });
 }
 

@@ -9,20 +9,6 @@ namespace {
 
 using platform::WindowHandle;
 
-enum Control : int {
-    kBackground = 143,
-    kOpacity = 145,
-    kFrames = 147,
-    kScroll = 149,
-    kSeed = 151,
-    kDensity = 153,
-    kWidth = 155,
-    kDepth = 157,
-    kColor1 = 159,
-    kEnable2 = 169,
-    kEnable5 = 172,
-};
-
 /// The head of a streak before it moves.
 struct Head {
     int x, y, size;
@@ -53,27 +39,24 @@ bool StandsAlone(const Heads& heads, std::size_t index) {
     return true;
 }
 
-class HyperspaceTest : public StyleTest {
+class HyperspaceTest : public StyleTest<HyperspaceStyle> {
 protected:
-    static const StyleEntry& Hyperspace() { return Style("Hyperspace"); }
-
     /// Eighteen white streaks on black, flying left, where `wanted` holds for their
     /// heads. Returns the heads.
     static Heads Shrink(WindowHandle dialog, int width, int depth,
                         const std::function<bool(const Heads&)>& wanted) {
-        Set(dialog, kWidth, width);
-        Set(dialog, kDepth, depth);
-        Set(dialog, kDensity, 8);
-        Set(dialog, kFrames, 2);
-        Set(dialog, kScroll, 0);
-        Set(dialog, kBackground, 0);
-        Set(dialog, kColor1, 0xFFFFFF);
-        for (int id = kEnable2; id <= kEnable5; ++id)
-            platform::SetChecked(dialog, id, false);
+        Set(dialog, "Width", width);
+        Set(dialog, "Depth", depth);
+        Set(dialog, "Density", 8);
+        Set(dialog, "Frames", 2);
+        Set(dialog, "Scroll", 0);
+        Set(dialog, "Background", 0);
+        Set(dialog, "FillColor1", 0xFFFFFF);
+        EnableColors(dialog, false);
         for (unsigned seed = 100; seed <= 32760; ++seed) {
             Heads heads = DrawHeads(seed, width, depth);
             if (wanted(heads)) {
-                Set(dialog, kSeed, static_cast<int>(seed));
+                Set(dialog, "Seed", static_cast<int>(seed));
                 return heads;
             }
         }
@@ -95,7 +78,7 @@ bool FirstStandsAlone(const Heads& heads) {
 TEST_F(HyperspaceTest, DensityEightMakesEighteenStreaksOfFourDraws) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 64, 48, [](const Heads&) { return true; });
-        platform::FreeBlock(RenderTest(Hyperspace(), dialog));
+        platform::FreeBlock(RenderTest(Subject(), dialog));
         EXPECT_EQ(DrawsSince(100, 1000), 18 * 4);
     });
 }
@@ -103,14 +86,16 @@ TEST_F(HyperspaceTest, DensityEightMakesEighteenStreaksOfFourDraws) {
 TEST_F(HyperspaceTest, SeveralColorsTakeAtLeastOneDrawAStreak) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 64, 48, [](const Heads&) { return true; });
-        platform::SetChecked(dialog, kEnable2, true);
-        platform::FreeBlock(RenderTest(Hyperspace(), dialog));
+        Set(dialog, "FillEnable2", true);
+        platform::FreeBlock(RenderTest(Subject(), dialog));
         EXPECT_GE(DrawsSince(100, 1000), 18 * 5);
     });
 }
 
 TEST_F(HyperspaceTest, PickerOpensOnRight) {
-    InDialog([](WindowHandle dialog) { EXPECT_EQ(platform::ControlText(dialog, kScroll), "1"); });
+    InDialog([](WindowHandle dialog) {
+        EXPECT_EQ(platform::ControlText(dialog, ControlOf("Scroll")), "1");
+    });
 }
 
 TEST_F(HyperspaceTest, ThickHeadHasItsMiddleRowsAloneAndTheTailAllFour) {
@@ -118,7 +103,7 @@ TEST_F(HyperspaceTest, ThickHeadHasItsMiddleRowsAloneAndTheTailAllFour) {
         const Heads heads = Shrink(dialog, 256, 512, [](const Heads& all) {
             return StandsAlone(all, 0) && all[0].y > 8 && all[0].x < 100;
         });
-        const auto bytes = TakeBytes(RenderTest(Hyperspace(), dialog));
+        const auto bytes = TakeBytes(RenderTest(Subject(), dialog));
         const int x = heads[0].x;
         const int y = heads[0].y - 2;
         EXPECT_EQ(Level(bytes, x, y - 1), 0);
@@ -140,7 +125,7 @@ TEST_F(HyperspaceTest, MiddleHeadLosesItsSecondRow) {
         const Heads heads = Shrink(dialog, 256, 512, [](const Heads& all) {
             return StandsAlone(all, 4) && all[4].y > 8 && all[4].x < 100;
         });
-        const auto bytes = TakeBytes(RenderTest(Hyperspace(), dialog));
+        const auto bytes = TakeBytes(RenderTest(Subject(), dialog));
         const int x = heads[4].x;
         const int y = heads[4].y - 1;
         EXPECT_EQ(Level(bytes, x, y), 160);
@@ -158,7 +143,7 @@ TEST_F(HyperspaceTest, StreakAtTheTopShowsItsLastRowAloneAndDoesNotWrap) {
             }
             return StandsAlone(all, 0) && all[0].y == 0 && all[0].x < 100;
         });
-        const auto bytes = TakeBytes(RenderTest(Hyperspace(), dialog));
+        const auto bytes = TakeBytes(RenderTest(Subject(), dialog));
         EXPECT_EQ(Level(bytes, heads[0].x, 0), 0);
         EXPECT_EQ(Level(bytes, heads[0].x + 1, 0), 62);  // 255 * 0.25 * 79 / 80
         for (int x = 0; x < 256; ++x) {
@@ -172,8 +157,8 @@ TEST_F(HyperspaceTest, TailOnANarrowTileBlendsFiveTimesOnItself) {
     InDialog([](WindowHandle dialog) {
         const Heads heads = Shrink(
             dialog, 16, 1024, [](const Heads& all) { return StandsAlone(all, 0) && all[0].y > 8; });
-        Set(dialog, kOpacity, 100);
-        const auto bytes = TakeBytes(RenderTest(Hyperspace(), dialog));
+        Set(dialog, "FillOpacity", 100);
+        const auto bytes = TakeBytes(RenderTest(Subject(), dialog));
         // Alphas 100, 80, 60, 40, 20 of white: 100, 68 + 80, 113 + 60, 145 + 40, 170 + 20.
         EXPECT_EQ(Level(bytes, heads[0].x, heads[0].y - 2), 190);
     });
@@ -182,8 +167,8 @@ TEST_F(HyperspaceTest, TailOnANarrowTileBlendsFiveTimesOnItself) {
 TEST_F(HyperspaceTest, HeadAtZeroStaysThereAndThenComesInAtTheRight) {
     InDialog([](WindowHandle dialog) {
         const Heads heads = Shrink(dialog, 128, 512, FirstStandsAlone);
-        Set(dialog, kFrames, 128);  // a step of exactly one column
-        const auto frames = TakeFrames(RenderBuild(Hyperspace(), dialog));
+        Set(dialog, "Frames", 128);  // a step of exactly one column
+        const auto frames = TakeFrames(RenderBuild(Subject(), dialog));
         const auto x = static_cast<std::size_t>(heads[0].x);
         const int y = heads[0].y - 2;
         EXPECT_EQ(Level(frames[x - 1], 1, y), 255);
@@ -196,8 +181,8 @@ TEST_F(HyperspaceTest, TwoFramesMoveThickStreaksByHalfATileEitherWay) {
     for (const int scroll : {0, 1}) {
         InDialog([scroll](WindowHandle dialog) {
             const Heads heads = Shrink(dialog, 256, 512, FirstStandsAlone);
-            Set(dialog, kScroll, scroll);
-            const auto frames = TakeFrames(RenderBuild(Hyperspace(), dialog));
+            Set(dialog, "Scroll", scroll);
+            const auto frames = TakeFrames(RenderBuild(Subject(), dialog));
             const int moved = (heads[0].x + 128) % 256;
             EXPECT_EQ(Level(frames[0], heads[0].x, heads[0].y - 2), 255);
             EXPECT_EQ(Level(frames[1], moved, heads[0].y - 2), 255);
@@ -211,9 +196,9 @@ TEST_F(HyperspaceTest, AnyOtherPickerValueFliesRight) {
         const Heads heads = Shrink(dialog, 256, 512, [](const Heads& all) {
             return StandsAlone(all, 0) && all[0].x < 100;
         });
-        Set(dialog, kScroll, 7);
-        Set(dialog, kFrames, 256);
-        const auto frames = TakeFrames(RenderBuild(Hyperspace(), dialog));
+        Set(dialog, "Scroll", 7);
+        Set(dialog, "Frames", 256);
+        const auto frames = TakeFrames(RenderBuild(Subject(), dialog));
         EXPECT_EQ(Level(frames[3], heads[0].x + 3, heads[0].y - 2), 255);
         EXPECT_EQ(Level(frames[3], heads[0].x + 4, heads[0].y - 2), 0);
     });
@@ -226,22 +211,22 @@ TEST_F(HyperspaceTest, HeadThatMovesFurtherThanTheTileStandsOutsideIt) {
         const Heads heads = Shrink(dialog, 64, 1024, [](const Heads& all) {
             return StandsAlone(all, 10) && all[10].x == 60;
         });
-        const auto frames = TakeFrames(RenderBuild(Hyperspace(), dialog));
+        const auto frames = TakeFrames(RenderBuild(Subject(), dialog));
         EXPECT_EQ(Level(frames[0], 60, heads[10].y), 128);
         EXPECT_EQ(Level(frames[1], 0, heads[10].y), 102);  // 128 * 16 / 20
         EXPECT_EQ(Level(frames[1], 63, heads[10].y), 0);
     });
 }
 
-TEST_F(HyperspaceTest, HalfALoopIsTheSameInTwoFramesAndInEight) {
+TEST_F(HyperspaceTest, HalfALoopIsTheSameInFourFramesAndInEight) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 64, 48, [](const Heads&) { return true; });
-        Set(dialog, kFrames, 8);
-        const auto eight = TakeFrames(RenderBuild(Hyperspace(), dialog));
-        Set(dialog, kFrames, 16);
-        const auto sixteen = TakeFrames(RenderBuild(Hyperspace(), dialog));
-        EXPECT_EQ(eight[4], sixteen[8]);
-        EXPECT_EQ(eight[0], TakeBytes(RenderTest(Hyperspace(), dialog)));
+        Set(dialog, "Frames", 4);  // in fewer the fast heads leave the tile
+        const auto four = TakeFrames(RenderBuild(Subject(), dialog));
+        Set(dialog, "Frames", 8);
+        const auto eight = TakeFrames(RenderBuild(Subject(), dialog));
+        EXPECT_EQ(four[2], eight[4]);
+        EXPECT_EQ(eight[0], TakeBytes(RenderTest(Subject(), dialog)));
         EXPECT_NE(eight[0], eight[4]);
     });
 }
@@ -249,7 +234,7 @@ TEST_F(HyperspaceTest, HalfALoopIsTheSameInTwoFramesAndInEight) {
 TEST_F(HyperspaceTest, EveryFailingAllocationEndsCleanly) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 64, 48, [](const Heads&) { return true; });
-        EXPECT_EQ(FailuresOfASample(Hyperspace(), dialog), 2);  // the streaks, the frame
+        EXPECT_EQ(FailuresOfASample(Subject(), dialog), 2);  // the streaks, the frame
     });
 }
 

@@ -9,42 +9,14 @@ namespace {
 
 using platform::WindowHandle;
 
-enum Control : int {
-    kBackground = 228,
-    kFrames = 230,
-    kColor1 = 232,
-    kEnable2 = 242,
-    kEnable5 = 245,
-    kStyle1 = 246,
-    kSize = 252,
-};
-
-enum Shape : int {
-    kSquare,
-    kDiamond,
-    kCircle,
-    kHorizontalBlind,
-    kVerticalBlind,
-    kDiagonalLeft,
-    kDiagonalRight,
-    kChevronLeft,
-    kChevronRight,
-};
-
 using Picture = std::vector<ColorWord>;
 
-class IrisTest : public StyleTest {
+class IrisTest : public StyleTest<IrisStyle> {
 protected:
     static constexpr int kSide = 16;
 
-    static const StyleEntry& Iris() { return Style("Iris"); }
-
     static std::vector<Picture> Frames(WindowHandle dialog) {
-        return TakePixels(RenderBuild(Iris(), dialog));
-    }
-    static void EnableAll(WindowHandle dialog, bool enabled) {
-        for (int id = kEnable2; id <= kEnable5; ++id)
-            platform::SetChecked(dialog, id, enabled);
+        return TakePixels(RenderBuild(Subject(), dialog));
     }
     static bool IsFlat(const Picture& picture, ColorWord color) {
         return std::all_of(picture.begin(), picture.end(),
@@ -52,13 +24,13 @@ protected:
     }
 
     /// The first wipe half way, from white (old) to black, on a cell of 16 pixels.
-    static Picture HalfWay(WindowHandle dialog, Shape shape) {
-        EnableAll(dialog, false);
-        Set(dialog, kFrames, 16);  // eight frames a wipe
-        Set(dialog, kSize, kSide);
-        Set(dialog, kBackground, 0xFFFFFF);
-        Set(dialog, kColor1, 0);
-        platform::SetSelection(dialog, kStyle1, shape);
+    static Picture HalfWay(WindowHandle dialog, std::string_view shape) {
+        EnableColors(dialog, false);
+        Set(dialog, "Frames", 16);  // eight frames a wipe
+        Set(dialog, "Size", kSide);
+        Set(dialog, "Background", 0xFFFFFF);
+        Set(dialog, "FillColor1", 0);
+        Set(dialog, "Style1", shape);
         return Frames(dialog)[4];
     }
     static int At(const Picture& picture, int x, int y) {
@@ -82,8 +54,8 @@ protected:
 
 TEST_F(IrisTest, WithoutEnabledColorsThereAreTwoWipes) {
     InDialog([](WindowHandle dialog) {
-        EnableAll(dialog, false);
-        Set(dialog, kFrames, 16);
+        EnableColors(dialog, false);
+        Set(dialog, "Frames", 16);
         const auto frames = Frames(dialog);
         ASSERT_EQ(frames.size(), 16u);
         EXPECT_TRUE(IsFlat(frames[0], 0xFFFFFF));
@@ -104,38 +76,21 @@ TEST_F(IrisTest, WithAllColorsThereAreSixWipesAndEachBeginsFlat) {
 
 TEST_F(IrisTest, SeventeenFramesOfSixWipesAreTwelveAndProgressIsOfSeventeen) {
     InDialog([](WindowHandle dialog) {
-        Set(dialog, kFrames, 17);
-        const HostServices services{
-            sizeof(HostServices),
-            kHostVersion,
-            0,
-            0,
-            [](TaskRecord*, std::int64_t op, std::int64_t frame, std::int64_t count) {
-                EXPECT_EQ(op, static_cast<std::int64_t>(HostOp::Progress));
-                EXPECT_LT(frame, 12);
-                EXPECT_EQ(count, 17);
-                return std::int64_t{1};
-            },
-            0,
-            3,
-            0};
-        FrameList frames{};
-        StyleContext context{};
-        context.Dialog = dialog;
-        context.Frames = &frames;
-        context.Host = &services;
-        EXPECT_NE(Iris().Build(&context), 0);
-        EXPECT_EQ(frames.Count, 12);
-        FrameListFree(&frames);
+        Set(dialog, "Frames", 17);
+        const auto reports = ProgressOfABuild(Subject(), dialog);
+        ASSERT_EQ(reports.size(), 12u);
+        for (int i = 0; i < 12; ++i)
+            EXPECT_EQ(reports[static_cast<std::size_t>(i)],
+                      std::pair(std::int64_t{i}, std::int64_t{17}));
     });
 }
 
 TEST_F(IrisTest, TwoFramesAWipeAreItsBeginAndItsMiddle) {
     InDialog([](WindowHandle dialog) {
-        const Picture half = HalfWay(dialog, kDiamond);
-        EnableAll(dialog, true);
+        const Picture half = HalfWay(dialog, "Diamond");
+        EnableColors(dialog, true);
         for (int i = 0; i < 5; ++i)
-            Set(dialog, kColor1 + 2 * i, 0);
+            Set(dialog, Numbered("FillColor", 1 + i), 0);
         const auto frames = Frames(dialog);  // 16 / 6 wipes
         ASSERT_EQ(frames.size(), 12u);
         EXPECT_TRUE(IsFlat(frames[0], 0xFFFFFF));
@@ -146,7 +101,7 @@ TEST_F(IrisTest, TwoFramesAWipeAreItsBeginAndItsMiddle) {
 
 TEST_F(IrisTest, SquareLeavesTheMiddleHalfWay) {
     InDialog([](WindowHandle dialog) {
-        const Picture half = HalfWay(dialog, kSquare);
+        const Picture half = HalfWay(dialog, "Square");
         // The white box is 4 to 12; the scaler rings a little beside its edges.
         EXPECT_EQ(At(half, 8, 8), 255);
         EXPECT_GT(At(half, 4, 4), 200);
@@ -159,11 +114,11 @@ TEST_F(IrisTest, SquareLeavesTheMiddleHalfWay) {
 
 TEST_F(IrisTest, DiamondAndCircleStandInTheMiddleAndDifferInTheirReach) {
     InDialog([](WindowHandle dialog) {
-        const Picture diamond = HalfWay(dialog, kDiamond);  // 22 of 64 to each side
+        const Picture diamond = HalfWay(dialog, "Diamond");  // 22 of 64 to each side
         EXPECT_EQ(At(diamond, 8, 8), 255);
         EXPECT_GT(At(diamond, 4, 8), 200);
         EXPECT_EQ(At(diamond, 4, 4), 0);
-        const Picture circle = HalfWay(dialog, kCircle);  // radius 32, all of the cell
+        const Picture circle = HalfWay(dialog, "Circle");  // radius 32, all of the cell
         EXPECT_GT(At(circle, 0, 8), 100);
         EXPECT_EQ(At(circle, 4, 4), 255);
         EXPECT_EQ(At(circle, 0, 0), 0);
@@ -172,7 +127,7 @@ TEST_F(IrisTest, DiamondAndCircleStandInTheMiddleAndDifferInTheirReach) {
 
 TEST_F(IrisTest, HorizontalBlindIsOneLineAtTheTopOfTheCell) {
     InDialog([](WindowHandle dialog) {
-        const Picture half = HalfWay(dialog, kHorizontalBlind);
+        const Picture half = HalfWay(dialog, "Horiz. blind");
         for (int x = 0; x < kSide; ++x) {
             EXPECT_EQ(At(half, x, 0), 255);
             EXPECT_GT(At(half, x, 7), 200);
@@ -184,7 +139,7 @@ TEST_F(IrisTest, HorizontalBlindIsOneLineAtTheTopOfTheCell) {
 
 TEST_F(IrisTest, VerticalBlindIsOneLineAtTheLeftOfTheCell) {
     InDialog([](WindowHandle dialog) {
-        const Picture half = HalfWay(dialog, kVerticalBlind);
+        const Picture half = HalfWay(dialog, "Vert. blind");
         for (int y = 0; y < kSide; ++y) {
             EXPECT_EQ(At(half, 0, y), 255);
             EXPECT_GT(At(half, 7, y), 200);
@@ -196,8 +151,8 @@ TEST_F(IrisTest, VerticalBlindIsOneLineAtTheLeftOfTheCell) {
 
 TEST_F(IrisTest, DiagonalsFallToTheRightAndToTheLeft) {
     InDialog([](WindowHandle dialog) {
-        const Picture left = HalfWay(dialog, kDiagonalLeft);
-        const Picture right = HalfWay(dialog, kDiagonalRight);
+        const Picture left = HalfWay(dialog, "Diag. left");
+        const Picture right = HalfWay(dialog, "Diag. right");
         for (int i = 2; i < kSide - 2; ++i) {
             EXPECT_EQ(At(left, i, i), 255) << i;
             EXPECT_LT(At(left, i, kSide - 1 - i), At(left, 8, 8) + 1) << i;
@@ -212,10 +167,10 @@ TEST_F(IrisTest, BothChevronsPointToTheRight) {
     InDialog([](WindowHandle dialog) {
         // Two thirds through, where the bright stroke is narrow: its place moves
         // right down to the middle row, and back left below.
-        for (const Shape shape : {kChevronLeft, kChevronRight}) {
+        for (const std::string_view shape : {"Chev. left", "Chev. right"}) {
             HalfWay(dialog, shape);
             const Picture late = Frames(dialog)[7];
-            const int from = shape == kChevronRight ? 1 : 0;
+            const int from = shape == "Chev. right" ? 1 : 0;
             const int to = 3;
             EXPECT_LT(BrightCenter(late, from), BrightCenter(late, to)) << shape;
             EXPECT_GT(BrightCenter(late, kSide - 1 - to), BrightCenter(late, kSide - 1 - from))
@@ -226,8 +181,8 @@ TEST_F(IrisTest, BothChevronsPointToTheRight) {
 
 TEST_F(IrisTest, ChevronsDifferByHalfATile) {
     InDialog([](WindowHandle dialog) {
-        const Picture left = HalfWay(dialog, kChevronLeft);
-        const Picture right = HalfWay(dialog, kChevronRight);
+        const Picture left = HalfWay(dialog, "Chev. left");
+        const Picture right = HalfWay(dialog, "Chev. right");
         EXPECT_NE(left, right);
         for (int y = 2; y < kSide - 2; ++y) {
             for (int x = 2; x < 6; ++x) {
@@ -239,11 +194,11 @@ TEST_F(IrisTest, ChevronsDifferByHalfATile) {
 
 TEST_F(IrisTest, SampleIsEightByEightCellsTwoThirdsThroughTheFirstWipe) {
     InDialog([](WindowHandle dialog) {
-        Set(dialog, kSize, 16);
-        Set(dialog, kFrames, 96);  // 16 frames a wipe
-        platform::SetSelection(dialog, kStyle1, kSquare);
+        Set(dialog, "Size", 16);
+        Set(dialog, "Frames", 96);  // 16 frames a wipe
+        Set(dialog, "Style1", "Square");
         const Picture cell = Frames(dialog)[10];
-        const ImageHandle sample = RenderTest(Iris(), dialog);
+        const ImageHandle sample = RenderTest(Subject(), dialog);
         const Picture cells = Pixels(sample);
         platform::FreeBlock(sample);
         ASSERT_EQ(cells.size(), 64u * 16 * 16);
@@ -258,15 +213,15 @@ TEST_F(IrisTest, SampleIsEightByEightCellsTwoThirdsThroughTheFirstWipe) {
 TEST_F(IrisTest, NothingIsDrawnByChance) {
     InDialog([](WindowHandle dialog) {
         runtime::srand(7);
-        platform::FreeBlock(RenderTest(Iris(), dialog));
+        platform::FreeBlock(RenderTest(Subject(), dialog));
         EXPECT_EQ(DrawsSince(7, 10), 0);
     });
 }
 
 TEST_F(IrisTest, EveryFailingAllocationEndsCleanly) {
     InDialog([](WindowHandle dialog) {
-        Set(dialog, kSize, 8);
-        EXPECT_GT(FailuresOfASample(Iris(), dialog), 5);
+        Set(dialog, "Size", 8);
+        EXPECT_GT(FailuresOfASample(Subject(), dialog), 5);
     });
 }
 

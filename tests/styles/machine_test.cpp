@@ -1,5 +1,7 @@
 #include <cmath>
 
+#include "tests/reference/plain_machine.h"
+#include "tests/styles/setting_draws.h"
 #include "tests/styles/style_fixture.h"
 
 namespace tess::test {
@@ -8,42 +10,25 @@ namespace {
 
 using platform::WindowHandle;
 
-enum Control : int {
-    kSize = 469,
-    kStart = 471,
-    kEnd = 473,
-    kRotation = 475,
-    kOffset = 477,
-    kInverse = 479,
-};
-
 using Picture = std::vector<ColorWord>;
 
-class MachineTest : public StyleTest {
+class MachineTest : public StyleTest<MachineStyle> {
 protected:
-    static const StyleEntry& Machine() { return Style("Machine"); }
-
     static void Rotate(WindowHandle dialog, int degrees) {
-        for (int i = 0; i < platform::ItemCount(dialog, kRotation); ++i) {
-            if (platform::ItemText(dialog, kRotation, i) == std::to_string(degrees)) {
-                platform::SetSelection(dialog, kRotation, i);
-                return;
-            }
-        }
-        ADD_FAILURE() << "no rotation by " << degrees;
+        Set(dialog, "Rotation", std::to_string(degrees));
     }
     static std::vector<Picture> Frames(WindowHandle dialog) {
-        return TakePixels(RenderBuild(Machine(), dialog));
+        return TakePixels(RenderBuild(Subject(), dialog));
     }
     static Picture Sample(WindowHandle dialog) {
-        const ImageHandle image = RenderTest(Machine(), dialog);
+        const ImageHandle image = RenderTest(Subject(), dialog);
         Picture picture = Pixels(image);
         platform::FreeBlock(image);
         return picture;
     }
     static void SetColors(WindowHandle dialog, ColorWord start, ColorWord end) {
-        Set(dialog, kStart, static_cast<int>(start));
-        Set(dialog, kEnd, static_cast<int>(end));
+        Set(dialog, "Start", static_cast<int>(start));
+        Set(dialog, "End", static_cast<int>(end));
     }
     /// The middle of the tile shows the cone's centre, whose direction is 90
     /// degrees, unmixed.
@@ -57,11 +42,43 @@ protected:
         if (away > 180) away = 360 - away;
         return static_cast<int>(255 * (static_cast<int>(away / 180.0 * 256.0) * 0.00390625));
     }
+    /// Sets every control and returns what it set. Rotations are large, for few frames.
+    static PlainMachineSettings SetAtRandom(WindowHandle dialog, SettingDraws& draws) {
+        constexpr int kRotations[] = {-60, -45, -40, -30, -24, 24, 30, 40, 45, 60};
+        PlainMachineSettings set;
+        set.size = draws.Between(16, 90);
+        set.rotation = kRotations[draws.Between(0, 9)];
+        set.offset = draws.Between(0, 359);
+        set.inverse = draws.Between(0, 1) == 1;
+        set.start = draws.Color();
+        set.end = draws.Color();
+        Set(dialog, "Size", set.size);
+        Rotate(dialog, set.rotation);
+        Set(dialog, "Offset", set.offset);
+        Set(dialog, "Inverse", set.inverse);
+        SetColors(dialog, set.start, set.end);
+        return set;
+    }
 };
+
+TEST_F(MachineTest, FramesAtRandomSettingsAreTheLiteralOnes) {
+    InDialog([](WindowHandle dialog) {
+        SettingDraws draws(19);
+        for (int round = 0; round < 12; ++round) {
+            const PlainMachine machine(SetAtRandom(dialog, draws));
+            const auto frames = Frames(dialog);
+            ASSERT_EQ(static_cast<int>(frames.size()), machine.FrameCount());
+            for (int f = 0; f < machine.FrameCount(); ++f) {
+                EXPECT_EQ(frames[static_cast<std::size_t>(f)], machine.Frame(f))
+                    << "round " << round << " frame " << f;
+            }
+        }
+    });
+}
 
 TEST_F(MachineTest, FrameCountIsATurnDividedByTheRotation) {
     InDialog([](WindowHandle dialog) {
-        Set(dialog, kSize, 16);
+        Set(dialog, "Size", 16);
         constexpr struct {
             int rotation;
             std::size_t frames;
@@ -75,17 +92,17 @@ TEST_F(MachineTest, FrameCountIsATurnDividedByTheRotation) {
 
 TEST_F(MachineTest, UnreadableRotationIsTen) {
     InDialog([](WindowHandle dialog) {
-        Set(dialog, kSize, 16);
-        platform::SetSelection(dialog, kRotation, -1);
+        Set(dialog, "Size", 16);
+        Set(dialog, "Rotation", -1);
         EXPECT_EQ(Frames(dialog).size(), 36u);
     });
 }
 
 TEST_F(MachineTest, SizeSixteenMakesATileOfTwentyTwo) {
     InDialog([](WindowHandle dialog) {
-        Set(dialog, kSize, 16);
+        Set(dialog, "Size", 16);
         EXPECT_EQ(Sample(dialog).size(), 22u * 22u);
-        Set(dialog, kSize, 48);
+        Set(dialog, "Size", 48);
         EXPECT_EQ(Sample(dialog).size(), 66u * 66u);
     });
 }
@@ -94,7 +111,7 @@ TEST_F(MachineTest, FourCornersFillTheTileWithoutAGap) {
     InDialog([](WindowHandle dialog) {
         SetColors(dialog, 0x0000FF, 0x0000FF);
         for (const int size : {16, 17, 48, 61}) {
-            Set(dialog, kSize, size);
+            Set(dialog, "Size", size);
             const Picture tile = Sample(dialog);
             const auto side = static_cast<std::size_t>(std::sqrt(tile.size()));
             // Red everywhere; along the diamond's edge the grey beyond it may shine
@@ -112,7 +129,7 @@ TEST_F(MachineTest, FourCornersFillTheTileWithoutAGap) {
 TEST_F(MachineTest, ConesCenterStandsAtNinetyDegreesInEveryFrame) {
     InDialog([](WindowHandle dialog) {
         SetColors(dialog, 0x000000, 0xFFFFFF);
-        Set(dialog, kSize, 16);
+        Set(dialog, "Size", 16);
         for (const int rotation : {60, -60, 45, -24}) {
             Rotate(dialog, rotation);
             const auto frames = Frames(dialog);
@@ -127,11 +144,11 @@ TEST_F(MachineTest, ConesCenterStandsAtNinetyDegreesInEveryFrame) {
 TEST_F(MachineTest, SecondConeStartsAtTheOffset) {
     InDialog([](WindowHandle dialog) {
         SetColors(dialog, 0x000000, 0xFFFFFF);
-        Set(dialog, kSize, 48);
+        Set(dialog, "Size", 48);
         for (const bool inverse : {false, true}) {
-            platform::SetChecked(dialog, kInverse, inverse);
+            Set(dialog, "Inverse", inverse);
             for (const int offset : {0, 90, 180, 270, 359}) {
-                Set(dialog, kOffset, offset);
+                Set(dialog, "Offset", offset);
                 // Its centre stands at the tile's corner.
                 EXPECT_EQ(RedOf(Sample(dialog)[0]), RampLevel(inverse ? -offset : offset))
                     << offset;
@@ -143,10 +160,10 @@ TEST_F(MachineTest, SecondConeStartsAtTheOffset) {
 TEST_F(MachineTest, OffsetOfHalfATurnIsTheConeWithItsColorsExchanged) {
     InDialog([](WindowHandle dialog) {
         SetColors(dialog, 0x000000, 0xFFFFFF);
-        Set(dialog, kOffset, 180);
+        Set(dialog, "Offset", 180);
         const Picture ahead = Sample(dialog);
         SetColors(dialog, 0xFFFFFF, 0x000000);
-        Set(dialog, kOffset, 0);
+        Set(dialog, "Offset", 0);
         const Picture exchanged = Sample(dialog);
         // The upper left corner is of the second cone alone.
         for (std::size_t y = 0; y < 30; ++y) {
@@ -160,11 +177,11 @@ TEST_F(MachineTest, OffsetOfHalfATurnIsTheConeWithItsColorsExchanged) {
 TEST_F(MachineTest, ConesTurnAgainstEachOtherAndWithInverseTheSameWay) {
     InDialog([](WindowHandle dialog) {
         SetColors(dialog, 0x000000, 0xFFFFFF);
-        Set(dialog, kSize, 16);
-        Set(dialog, kOffset, 0);
+        Set(dialog, "Size", 16);
+        Set(dialog, "Offset", 0);
         Rotate(dialog, 30);
         const auto against = Frames(dialog);
-        platform::SetChecked(dialog, kInverse, true);
+        Set(dialog, "Inverse", true);
         const auto along = Frames(dialog);
         for (int f = 0; f < 12; ++f) {
             const auto frame = static_cast<std::size_t>(f);
@@ -178,7 +195,7 @@ TEST_F(MachineTest, ConesTurnAgainstEachOtherAndWithInverseTheSameWay) {
 TEST_F(MachineTest, NothingIsDrawnByChance) {
     InDialog([](WindowHandle dialog) {
         runtime::srand(7);
-        platform::FreeBlock(RenderTest(Machine(), dialog));
+        platform::FreeBlock(RenderTest(Subject(), dialog));
         EXPECT_EQ(DrawsSince(7, 10), 0);
     });
 }
@@ -189,8 +206,8 @@ TEST_F(MachineTest, FirstFrameOfABuildIsTheSample) {
 
 TEST_F(MachineTest, EveryFailingAllocationEndsCleanly) {
     InDialog([](WindowHandle dialog) {
-        Set(dialog, kSize, 16);
-        EXPECT_GT(FailuresOfASample(Machine(), dialog), 10);
+        Set(dialog, "Size", 16);
+        EXPECT_GT(FailuresOfASample(Subject(), dialog), 10);
     });
 }
 

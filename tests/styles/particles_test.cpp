@@ -1,6 +1,8 @@
 #include <bit>
+#include <utility>
 
 #include "tests/styles/ball_fixture.h"
+#include "tests/styles/setting_draws.h"
 
 namespace tess::test {
 
@@ -8,26 +10,7 @@ namespace {
 
 using platform::WindowHandle;
 
-enum Control : int {
-    kBackground = 642,
-    kFrames = 644,
-    kGlare = 646,
-    kSize = 648,
-    kDensity = 650,
-    kSeed = 652,
-    kWidth = 654,
-    kDepth = 656,
-    kColor1 = 658,
-    kEnable2 = 668,
-    kEnable3 = 669,
-    kEnable4 = 670,
-    kEnable5 = 671,
-    kShadowOpacity = 672,
-    kShadowOffset = 674,
-    kShade = 676,
-};
-
-class ParticlesTest : public BallStyleTest {
+class ParticlesTest : public BallStyleTest<ParticlesStyle> {
 protected:
     static constexpr int kTestSeed = 222;
     static constexpr int kTestSize = 11;
@@ -35,38 +18,41 @@ protected:
     static constexpr ColorWord kColor = 0x20E0FF;
     static constexpr PlainShadow kShadow{20, 150};
 
-    static const StyleEntry& Particles() { return Style("Particles"); }
-
     /// Ten balls of one colour.
     static void Shrink(WindowHandle dialog, int width, int depth, int frames) {
-        Set(dialog, kWidth, width);
-        Set(dialog, kDepth, depth);
-        Set(dialog, kDensity, 10);
-        Set(dialog, kSize, kTestSize);
-        Set(dialog, kSeed, kTestSeed);
-        Set(dialog, kFrames, frames);
-        Set(dialog, kBackground, static_cast<int>(kGround));
-        Set(dialog, kColor1, static_cast<int>(kColor));
-        Set(dialog, kShadowOffset, kShadow.offset);
-        Set(dialog, kShadowOpacity, kShadow.opacity);
-        Set(dialog, kShade, 30);
-        Check(dialog, {kEnable2, kEnable3, kEnable4, kEnable5}, false);
+        Set(dialog, "Width", width);
+        Set(dialog, "Depth", depth);
+        Set(dialog, "Density", 10);
+        Set(dialog, "Size", kTestSize);
+        Set(dialog, "Seed", kTestSeed);
+        Set(dialog, "Frames", frames);
+        Set(dialog, "Background", static_cast<int>(kGround));
+        Set(dialog, "FillColor1", static_cast<int>(kColor));
+        Set(dialog, "ShadowOffset", kShadow.offset);
+        Set(dialog, "ShadowOpacity", kShadow.opacity);
+        Set(dialog, "Shade", 30);
+        EnableColors(dialog, false);
     }
 
     struct Ball {
         int x, y, reach, start;
+        ColorWord color;
     };
     /// The draws for a tile whose reach runs from `least` over `span` values.
-    static std::vector<Ball> DrawBalls(int width, int depth, int least, int span) {
+    static std::vector<Ball> DrawBalls(int width, int depth, int least, int span,
+                                       const std::vector<ColorWord>& colors = {kColor}) {
         runtime::srand(kTestSeed);
         std::vector<Ball> balls;
+        int last_color = -1;
         for (int i = 0; i < 10; ++i) {
             const int x = runtime::rand() % width;
             const int y = runtime::rand() % depth;
             const int turn = runtime::rand() % 2;
             EXPECT_GE(turn, 0);
             const int reach = runtime::rand() % span + least;
-            balls.push_back({x, y, reach, runtime::rand() % 360});
+            const int start = runtime::rand() % 360;
+            const int color = PickFillColor(static_cast<int>(colors.size()), &last_color);
+            balls.push_back({x, y, reach, start, colors[static_cast<std::size_t>(color)]});
         }
         return balls;
     }
@@ -80,8 +66,8 @@ protected:
         const float dy = static_cast<float>(ball.y - ball.reach / 2) - static_cast<float>(ball.y);
         return {static_cast<int>(-(dy * s)) + ball.x,
                 static_cast<int>(dy * c) + ball.y,
-                {PlainShape::DoubleBall, kTestSize, kTestSize, 0, kColor,
-                 PlainChangeValue(kColor, (1.0 - 30 / 100.0) - 1.0), kColor, 160}};
+                {PlainShape::DoubleBall, kTestSize, kTestSize, 0, ball.color,
+                 PlainChangeValue(ball.color, (1.0 - 30 / 100.0) - 1.0), ball.color, 160}};
     }
     static Bytes Picture(int width, int depth, const std::vector<Ball>& balls, double turned) {
         std::vector<Placed> placed;
@@ -94,31 +80,28 @@ protected:
 TEST_F(ParticlesTest, SmallestTileHasReachesFrom24To35) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 48, 48, 2);
-        EXPECT_EQ(SampleBytes(Particles(), dialog),
-                  Picture(48, 48, DrawBalls(48, 48, 24, 12), 0.0));
+        EXPECT_EQ(SampleBytes(dialog), Picture(48, 48, DrawBalls(48, 48, 24, 12), 0.0));
     });
 }
 
 TEST_F(ParticlesTest, WideTileTakesItsReachFromTheDepth) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 1024, 48, 2);
-        EXPECT_EQ(SampleBytes(Particles(), dialog),
-                  Picture(1024, 48, DrawBalls(1024, 48, 24, 12), 0.0));
+        EXPECT_EQ(SampleBytes(dialog), Picture(1024, 48, DrawBalls(1024, 48, 24, 12), 0.0));
     });
 }
 
 TEST_F(ParticlesTest, TwoFramesAreOppositePointsOfTheCircles) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 64, 60, 2);
-        EXPECT_EQ(BuildBytes(Particles(), dialog)[1],
-                  Picture(64, 60, DrawBalls(64, 60, 30, 15), 180.0));
+        EXPECT_EQ(BuildBytes(dialog)[1], Picture(64, 60, DrawBalls(64, 60, 30, 15), 180.0));
     });
 }
 
 TEST_F(ParticlesTest, EveryFrameTurnsByItsShareOfACircle) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 64, 60, 8);
-        const std::vector<Bytes> frames = BuildBytes(Particles(), dialog);
+        const std::vector<Bytes> frames = BuildBytes(dialog);
         const std::vector<Ball> balls = DrawBalls(64, 60, 30, 15);
         for (int f = 0; f < 8; ++f)
             EXPECT_EQ(frames[static_cast<std::size_t>(f)], Picture(64, 60, balls, 45.0 * f)) << f;
@@ -126,7 +109,7 @@ TEST_F(ParticlesTest, EveryFrameTurnsByItsShareOfACircle) {
 }
 
 TEST_F(ParticlesTest, AtAngleZeroABallIsAboveItsCentreAndTurnsClockwise) {
-    const Ball ball{30, 40, 21, 0};
+    const Ball ball{30, 40, 21, 0, kColor};
     EXPECT_EQ(Place(ball, 0).x, 30);
     EXPECT_EQ(Place(ball, 0).y, 30);
     EXPECT_EQ(Place(ball, 90).x, 40);
@@ -147,14 +130,14 @@ TEST_F(ParticlesTest, NegativePlacesAreLeftToTheStamps) {
             folded.push_back(placed);
         }
         EXPECT_TRUE(negative);
-        EXPECT_EQ(SampleBytes(Particles(), dialog), Compose(64, 60, kGround, kShadow, folded));
+        EXPECT_EQ(SampleBytes(dialog), Compose(64, 60, kGround, kShadow, folded));
     });
 }
 
 TEST_F(ParticlesTest, OneColorTakesFiveDrawsABall) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 64, 64, 2);
-        platform::FreeBlock(RenderTest(Particles(), dialog));
+        platform::FreeBlock(RenderTest(Subject(), dialog));
         EXPECT_EQ(DrawsSince(kTestSeed, 100), 50);
     });
 }
@@ -162,35 +145,53 @@ TEST_F(ParticlesTest, OneColorTakesFiveDrawsABall) {
 TEST_F(ParticlesTest, SeveralColorsTakeSixDrawsAndMoreABall) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 64, 64, 2);
-        Check(dialog, {kEnable2, kEnable3, kEnable4, kEnable5}, true);
-        platform::FreeBlock(RenderTest(Particles(), dialog));
+        EnableColors(dialog, true);
+        platform::FreeBlock(RenderTest(Subject(), dialog));
         const int draws = DrawsSince(kTestSeed, 300);
         EXPECT_GE(draws, 60);
         EXPECT_LE(draws, 210);
     });
 }
 
+TEST_F(ParticlesTest, SeveralColorsGiveOtherPlacesFromTheSecondBallOn) {
+    InDialog([](WindowHandle dialog) {
+        Shrink(dialog, 64, 60, 2);
+        const std::vector<Ball> one = DrawBalls(64, 60, 30, 15);
+        SettingDraws draws(23);
+        for (int round = 0; round < 4; ++round) {
+            const auto colors = SetFillColors(dialog, draws);
+            const std::vector<Ball> balls = DrawBalls(64, 60, 30, 15, colors);
+            EXPECT_EQ(balls[0].x, one[0].x);
+            EXPECT_EQ(balls[0].y, one[0].y);
+            for (std::size_t i = 1; i < balls.size(); ++i)
+                EXPECT_NE(std::pair(balls[i].x, balls[i].y), std::pair(one[i].x, one[i].y)) << i;
+            EXPECT_EQ(SampleBytes(dialog), Picture(64, 60, balls, 0.0)) << round;
+        }
+    });
+}
+
 TEST_F(ParticlesTest, FirstFrameOfABuildIsTheSample) {
     InDialog([](WindowHandle dialog) {
-        const Bytes sample = SampleBytes(Particles(), dialog);
-        Set(dialog, kFrames, 3);
-        EXPECT_EQ(BuildBytes(Particles(), dialog)[0], sample);
+        const Bytes sample = SampleBytes(dialog);
+        Set(dialog, "Frames", 3);
+        EXPECT_EQ(BuildBytes(dialog)[0], sample);
     });
 }
 
 TEST_F(ParticlesTest, GlareHasNoVisibleEffect) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 64, 64, 2);
-        const Bytes with = SampleBytes(Particles(), dialog);
-        Set(dialog, kGlare, 0);
-        EXPECT_EQ(SampleBytes(Particles(), dialog), with);
+        const Bytes with = SampleBytes(dialog);
+        Set(dialog, "Glare", 0);
+        EXPECT_EQ(SampleBytes(dialog), with);
     });
 }
 
 TEST_F(ParticlesTest, EveryFailingAllocationEndsCleanly) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 64, 64, 2);
-        ExpectCleanFailures(Particles(), dialog);
+        EXPECT_GT(FailuresOfASample(Subject(), dialog),
+                  0);  // without its shadow a sprite is left out
     });
 }
 

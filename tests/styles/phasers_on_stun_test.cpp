@@ -9,62 +9,42 @@ namespace {
 
 using platform::WindowHandle;
 
-enum Control : int {
-    kBackground = 403,
-    kFrames = 405,
-    kPower = 407,
-    kDensity = 409,
-    kSeed = 411,
-    kWidth = 413,
-    kDepth = 415,
-    kBeam1 = 417,
-    kEnable2 = 427,
-    kEnable5 = 430,
-    kLineEast2South = 431,
-    kLineWest2South = 432,
-    kLineHorizontal = 433,
-    kLineVertical = 434,
-};
-
 constexpr int kTestSeed = 500;
 constexpr int kBeams = 8;
 
 using Picture = std::vector<ColorWord>;
 
-struct LevelBeam {
+struct Beam {
     int y, frame;
 };
 
 /// Levels in a beam's middle are told to within what the scaler rings there.
-class PhasersOnStunTest : public StyleTest {
+class PhasersOnStunTest : public StyleTest<PhasersOnStunStyle> {
 protected:
-    static const StyleEntry& Phasers() { return Style("Phasers on Stun"); }
-
     static std::vector<Picture> Frames(WindowHandle dialog) {
-        return TakePixels(RenderBuild(Phasers(), dialog));
+        return TakePixels(RenderBuild(Subject(), dialog));
     }
-    static void OnlyLines(WindowHandle dialog, std::initializer_list<int> boxes) {
-        for (int id = kLineEast2South; id <= kLineVertical; ++id)
-            platform::SetChecked(dialog, id, false);
-        for (const int id : boxes)
-            platform::SetChecked(dialog, id, true);
+    static void OnlyLines(WindowHandle dialog, std::initializer_list<std::string_view> boxes) {
+        Check(dialog, {"LineEast2South", "LineWest2South", "LineHorizontal", "LineVertical"},
+              false);
+        Check(dialog, boxes, true);
     }
     /// Eight white beams on black.
     static void SetPlain(WindowHandle dialog, int side, int frames) {
-        Set(dialog, kWidth, side);
-        Set(dialog, kDepth, side);
-        Set(dialog, kFrames, frames);
-        Set(dialog, kDensity, kBeams);
-        Set(dialog, kSeed, kTestSeed);
-        Set(dialog, kBeam1, 0xFFFFFF);
-        for (int id = kEnable2; id <= kEnable5; ++id)
-            platform::SetChecked(dialog, id, false);
+        Set(dialog, "Width", side);
+        Set(dialog, "Depth", side);
+        Set(dialog, "Frames", frames);
+        Set(dialog, "Density", kBeams);
+        Set(dialog, "Seed", kTestSeed);
+        Set(dialog, "FillColor1", 0xFFFFFF);
+        EnableColors(dialog, false);
     }
-    /// The draws of level beams: kind, place, color, frame.
-    static std::vector<LevelBeam> DrawLevelBeams(int side, int frames) {
-        runtime::srand(kTestSeed);
-        std::vector<LevelBeam> beams(kBeams);
-        for (LevelBeam& beam : beams) {
+    /// The draws of beams that all are of one kind, and not upright: kind, place,
+    /// color, frame.
+    static std::vector<Beam> DrawBeams(int side, int frames, unsigned seed = kTestSeed) {
+        runtime::srand(seed);
+        std::vector<Beam> beams(kBeams);
+        for (Beam& beam : beams) {
             runtime::SkipDraw();
             beam.y = side / 10 + runtime::rand() % (side * 8 / 10);
             runtime::SkipDraw();
@@ -73,17 +53,33 @@ protected:
         return beams;
     }
     /// The beams that no other one comes near.
-    static std::vector<LevelBeam> LoneBeams(int side, int frames, int distance) {
-        const std::vector<LevelBeam> beams = DrawLevelBeams(side, frames);
-        std::vector<LevelBeam> lone;
-        for (const LevelBeam& beam : beams) {
-            if (std::count_if(beams.begin(), beams.end(), [&](const LevelBeam& other) {
+    static std::vector<Beam> LoneBeams(int side, int frames, int distance) {
+        const std::vector<Beam> beams = DrawBeams(side, frames);
+        std::vector<Beam> lone;
+        for (const Beam& beam : beams) {
+            if (std::count_if(beams.begin(), beams.end(), [&](const Beam& other) {
                     return std::abs(other.y - beam.y) < distance;
                 }) == 1) {
                 lone.push_back(beam);
             }
         }
         return lone;
+    }
+    /// The beams in whose first frame no other one is seen.
+    static std::vector<Beam> FiredAlone(const std::vector<Beam>& beams, int frames) {
+        std::vector<Beam> alone;
+        for (const Beam& beam : beams) {
+            if (std::count_if(beams.begin(), beams.end(), [&](const Beam& other) {
+                    return (beam.frame - other.frame + frames) % frames < 4;
+                }) == 1) {
+                alone.push_back(beam);
+            }
+        }
+        return alone;
+    }
+    static int BrightestOfTheLastRow(const Picture& picture, int side) {
+        const auto row = picture.end() - side;
+        return static_cast<int>(std::max_element(row, picture.end()) - row);
     }
     static bool IsFlat(const Picture& picture) {
         return std::count(picture.begin(), picture.end(), picture[0]) ==
@@ -94,11 +90,11 @@ protected:
 TEST_F(PhasersOnStunTest, WithoutALineKindAllRunFromEastToSouth) {
     InDialog([](WindowHandle dialog) {
         SetPlain(dialog, 64, 6);
-        OnlyLines(dialog, {kLineEast2South});
+        OnlyLines(dialog, {"LineEast2South"});
         const auto expected = Frames(dialog);
         OnlyLines(dialog, {});
         EXPECT_EQ(Frames(dialog), expected);
-        OnlyLines(dialog, {kLineWest2South});
+        OnlyLines(dialog, {"LineWest2South"});
         EXPECT_NE(Frames(dialog), expected);
     });
 }
@@ -106,12 +102,12 @@ TEST_F(PhasersOnStunTest, WithoutALineKindAllRunFromEastToSouth) {
 TEST_F(PhasersOnStunTest, InTwoFramesABeamShowsInBothWithTwoFlashesEach) {
     InDialog([](WindowHandle dialog) {
         SetPlain(dialog, 256, 2);
-        Set(dialog, kPower, 4);
-        OnlyLines(dialog, {kLineHorizontal});
+        Set(dialog, "Power", 4);
+        OnlyLines(dialog, {"LineHorizontal"});
         const auto frames = Frames(dialog);
-        const std::vector<LevelBeam> lone = LoneBeams(256, 2, 12);
+        const std::vector<Beam> lone = LoneBeams(256, 2, 12);
         ASSERT_FALSE(lone.empty());
-        for (const LevelBeam& beam : lone) {
+        for (const Beam& beam : lone) {
             const auto at = static_cast<std::size_t>(256 * beam.y + 100);
             // 255, and 128 over it: 255 x 127 / 255 + 255 x 128 / 255.
             EXPECT_EQ(RedOf(frames[static_cast<std::size_t>(beam.frame)][at]), 255);
@@ -124,10 +120,10 @@ TEST_F(PhasersOnStunTest, InTwoFramesABeamShowsInBothWithTwoFlashesEach) {
 TEST_F(PhasersOnStunTest, BeamFiredLateFadesOutInTheFirstFrames) {
     InDialog([](WindowHandle dialog) {
         SetPlain(dialog, 256, 5);
-        Set(dialog, kPower, 4);
-        OnlyLines(dialog, {kLineHorizontal});
+        Set(dialog, "Power", 4);
+        OnlyLines(dialog, {"LineHorizontal"});
         const auto frames = Frames(dialog);
-        for (const LevelBeam& beam : LoneBeams(256, 5, 12)) {
+        for (const Beam& beam : LoneBeams(256, 5, 12)) {
             constexpr int kShown[] = {255, 192, 128, 64, 0};
             for (int i = 0; i < 5; ++i) {
                 const Picture& frame = frames[static_cast<std::size_t>((beam.frame + i) % 5)];
@@ -140,10 +136,10 @@ TEST_F(PhasersOnStunTest, BeamFiredLateFadesOutInTheFirstFrames) {
 TEST_F(PhasersOnStunTest, FrameWithoutAFlashIsFlat) {
     InDialog([](WindowHandle dialog) {
         SetPlain(dialog, 32, 60);
-        Set(dialog, kBackground, 0x123456);
-        OnlyLines(dialog, {kLineHorizontal});
+        Set(dialog, "Background", 0x123456);
+        OnlyLines(dialog, {"LineHorizontal"});
         std::vector<bool> fires(60, false);
-        for (const LevelBeam& beam : DrawLevelBeams(32, 60)) {
+        for (const Beam& beam : DrawBeams(32, 60)) {
             for (int i = 0; i < 4; ++i)
                 fires[static_cast<std::size_t>((beam.frame + i) % 60)] = true;
         }
@@ -158,11 +154,11 @@ TEST_F(PhasersOnStunTest, PowerEightCoversHalfOfTheSmallestTile) {
     InDialog([](WindowHandle dialog) {
         constexpr int kManyFrames = 120;
         SetPlain(dialog, 16, kManyFrames);
-        Set(dialog, kPower, 8);
-        OnlyLines(dialog, {kLineHorizontal});
+        Set(dialog, "Power", 8);
+        OnlyLines(dialog, {"LineHorizontal"});
         const auto frames = Frames(dialog);
         int seen = 0;
-        for (const LevelBeam& beam : DrawLevelBeams(16, kManyFrames)) {
+        for (const Beam& beam : DrawBeams(16, kManyFrames)) {
             const Picture& frame = frames[static_cast<std::size_t>(beam.frame)];
             int rows = 0;
             for (std::size_t y = 0; y < 16; ++y)
@@ -179,7 +175,7 @@ TEST_F(PhasersOnStunTest, PowerEightCoversHalfOfTheSmallestTile) {
 TEST_F(PhasersOnStunTest, ABeamTakesFourDraws) {
     InDialog([](WindowHandle dialog) {
         SetPlain(dialog, 64, 6);
-        platform::FreeBlock(RenderTest(Phasers(), dialog));
+        platform::FreeBlock(RenderTest(Subject(), dialog));
         EXPECT_EQ(DrawsSince(kTestSeed, 1000), 4 * kBeams);
     });
 }
@@ -187,8 +183,8 @@ TEST_F(PhasersOnStunTest, ABeamTakesFourDraws) {
 TEST_F(PhasersOnStunTest, DiagonalsJoinAcrossTheTilesEdges) {
     InDialog([](WindowHandle dialog) {
         SetPlain(dialog, 64, 2);
-        Set(dialog, kPower, 8);
-        for (const int lines : {kLineEast2South, kLineWest2South}) {
+        Set(dialog, "Power", 8);
+        for (const std::string_view lines : {"LineEast2South", "LineWest2South"}) {
             OnlyLines(dialog, {lines});
             const Picture frame = Frames(dialog)[0];
             // What leaves by one edge comes in by the other a pixel further on. The
@@ -205,9 +201,36 @@ TEST_F(PhasersOnStunTest, DiagonalsJoinAcrossTheTilesEdges) {
     });
 }
 
+TEST_F(PhasersOnStunTest, DiagonalsLeaveTheTileByItsLowerEdgeInside) {
+    InDialog([](WindowHandle dialog) {
+        constexpr int kSide = 20, kCount = 60;
+        SetPlain(dialog, kSide, kCount);
+        Set(dialog, "Power", 1);
+        // The place is drawn from 2 to 17. A beam from the west meets the edge at 20 less
+        // the place less 1, and passes the pixel before that in the last row.
+        for (const bool east : {true, false}) {
+            OnlyLines(dialog, {east ? "LineEast2South" : "LineWest2South"});
+            int least = kSide, most = -1;
+            for (unsigned seed = 100; seed < 140; ++seed) {
+                Set(dialog, "Seed", static_cast<int>(seed));
+                const auto frames = Frames(dialog);
+                for (const Beam& beam : FiredAlone(DrawBeams(kSide, kCount, seed), kCount)) {
+                    const int x =
+                        BrightestOfTheLastRow(frames[static_cast<std::size_t>(beam.frame)], kSide);
+                    EXPECT_EQ(x, east ? beam.y : kSide - beam.y - 2) << seed;
+                    least = std::min(least, beam.y);
+                    most = std::max(most, beam.y);
+                }
+            }
+            EXPECT_EQ(least, 2);
+            EXPECT_EQ(most, 17);
+        }
+    });
+}
+
 TEST_F(PhasersOnStunTest, KeptMasksGiveTheBytesOfMasksMadeAnew) {
     InDialog([](WindowHandle dialog) {
-        StyleEntry plain = Phasers();
+        StyleEntry plain = Subject();
         plain.Build = reference::PlainPhasersBuild;
         unsigned random = 1;
         const auto draw = [&random](int below) {
@@ -215,16 +238,18 @@ TEST_F(PhasersOnStunTest, KeptMasksGiveTheBytesOfMasksMadeAnew) {
             return static_cast<int>((random >> 8) % static_cast<unsigned>(below));
         };
         for (int round = 0; round < 24; ++round) {
-            Set(dialog, kWidth, 16 + draw(70));
-            Set(dialog, kDepth, 16 + draw(70));
-            Set(dialog, kFrames, 2 + draw(7));
-            Set(dialog, kDensity, 8 + draw(30));
-            Set(dialog, kPower, 1 + draw(8));
-            Set(dialog, kSeed, 100 + draw(30000));
-            Set(dialog, kBackground, draw(0x1000000));
-            for (int id = kEnable2; id <= kLineVertical; ++id)
-                platform::SetChecked(dialog, id, draw(2) == 1);
-            EXPECT_EQ(TakeFrames(RenderBuild(Phasers(), dialog)),
+            Set(dialog, "Width", 16 + draw(70));
+            Set(dialog, "Depth", 16 + draw(70));
+            Set(dialog, "Frames", 2 + draw(7));
+            Set(dialog, "Density", 8 + draw(30));
+            Set(dialog, "Power", 1 + draw(8));
+            Set(dialog, "Seed", 100 + draw(30000));
+            Set(dialog, "Background", draw(0x1000000));
+            for (const std::string_view box :
+                 {"FillEnable2", "FillEnable3", "FillEnable4", "FillEnable5", "LineEast2South",
+                  "LineWest2South", "LineHorizontal", "LineVertical"})
+                Set(dialog, box, draw(2));
+            EXPECT_EQ(TakeFrames(RenderBuild(Subject(), dialog)),
                       TakeFrames(RenderBuild(plain, dialog)))
                 << "round " << round;
         }
@@ -233,16 +258,16 @@ TEST_F(PhasersOnStunTest, KeptMasksGiveTheBytesOfMasksMadeAnew) {
 
 TEST_F(PhasersOnStunTest, FirstFrameOfABuildIsTheSample) {
     InDialog([](WindowHandle dialog) {
-        Set(dialog, kFrames, 4);
-        const auto frames = TakeFrames(RenderBuild(Phasers(), dialog));
-        EXPECT_EQ(TakeBytes(RenderTest(Phasers(), dialog)), frames[0]);
+        Set(dialog, "Frames", 4);
+        const auto frames = TakeFrames(RenderBuild(Subject(), dialog));
+        EXPECT_EQ(TakeBytes(RenderTest(Subject(), dialog)), frames[0]);
     });
 }
 
 TEST_F(PhasersOnStunTest, EveryFailingAllocationEndsCleanly) {
     InDialog([](WindowHandle dialog) {
         SetPlain(dialog, 32, 2);
-        EXPECT_GT(FailuresOfASample(Phasers(), dialog), 5);
+        EXPECT_GT(FailuresOfASample(Subject(), dialog), 5);
     });
 }
 

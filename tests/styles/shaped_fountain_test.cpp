@@ -11,14 +11,11 @@ namespace {
 
 using platform::WindowHandle;
 
-enum Control : int { kFrames = 302, kSize = 304, kButton = 306, kScroll = 308, kShape = 310 };
-
-class ShapedFountainTest : public FountainStyleTest {
+class ShapedFountainTest : public FountainStyleTest<ShapedFountainStyle> {
 protected:
-    static const StyleEntry& Subject() { return Style("Shaped Fountain"); }
     static std::vector<std::uint8_t> Plain(WindowHandle dialog, const PlainShapes& shapes,
                                            double phase) {
-        return TakeBytes(PlainShapedFountain(FountainOf(dialog, kButton), shapes, phase));
+        return TakeBytes(PlainShapedFountain(FountainOf(dialog), shapes, phase));
     }
 };
 
@@ -29,10 +26,10 @@ TEST_F(ShapedFountainTest, EveryShapeAndWayHasTheBytesOfTheLiteralVersion) {
             for (int shape = 0; shape < 4; ++shape) {
                 const bool reverse = random() % 2 != 0;
                 const int frames = 2 + static_cast<int>(random() % 4);
-                Set(dialog, kSize, size);
-                Set(dialog, kFrames, frames);
-                platform::SetSelection(dialog, kShape, shape);
-                SetDirection(dialog, kScroll, reverse ? 1 : 0);
+                Set(dialog, "Size", size);
+                Set(dialog, "Frames", frames);
+                Set(dialog, "Shape", shape);
+                Set(dialog, "Scroll", reverse ? 1 : 0);
                 const auto built = TakeFrames(RenderBuild(Subject(), dialog));
                 const std::size_t last = built.size() - 1;
                 EXPECT_EQ(built[last],
@@ -46,9 +43,9 @@ TEST_F(ShapedFountainTest, EveryShapeAndWayHasTheBytesOfTheLiteralVersion) {
 TEST_F(ShapedFountainTest, LargeSizeHasTheBytesOfTheLiteralVersion) {
     // More rings than colours: those that are left out must change nothing.
     InDialog([](WindowHandle dialog) {
-        Set(dialog, kSize, 300);
+        Set(dialog, "Size", 300);
         for (int shape = 0; shape < 4; ++shape) {
-            platform::SetSelection(dialog, kShape, shape);
+            Set(dialog, "Shape", shape);
             EXPECT_EQ(TakeBytes(RenderTest(Subject(), dialog)),
                       Plain(dialog, {300, true, shape}, 0.0))
                 << shape;
@@ -59,7 +56,7 @@ TEST_F(ShapedFountainTest, LargeSizeHasTheBytesOfTheLiteralVersion) {
 TEST_F(ShapedFountainTest, NoSelectionIsACircle) {
     InDialog([](WindowHandle dialog) {
         const auto circle = TakeBytes(RenderTest(Subject(), dialog));
-        platform::SetSelection(dialog, kShape, -1);
+        Set(dialog, "Shape", -1);
         EXPECT_EQ(TakeBytes(RenderTest(Subject(), dialog)), circle);
     });
 }
@@ -67,10 +64,10 @@ TEST_F(ShapedFountainTest, NoSelectionIsACircle) {
 TEST_F(ShapedFountainTest, SizeSixteenReadsEveryEighthColor) {
     InDialog([](WindowHandle dialog) {
         // A fountain in which no colour stands twice, as red with its place in it.
-        SetFountain(dialog, kButton, 0x000000, 0x000080, 0x0000FF);
-        const auto strip = StripOf(dialog, kButton);
-        Set(dialog, kSize, 16);
-        platform::SetSelection(dialog, kShape, 2);
+        SetFountain(dialog, 0x000000, 0x000080, 0x0000FF);
+        const auto strip = StripOf(dialog);
+        Set(dialog, "Size", 16);
+        Set(dialog, "Shape", 2);
         const auto pixels = TakePixels(RenderTest(Subject(), dialog));
         ASSERT_EQ(pixels.size(), 16u * 16);
         // Two rings are four large pixels, so a pixel beside the diagonal is the mean of
@@ -86,11 +83,11 @@ TEST_F(ShapedFountainTest, SizeSixteenReadsEveryEighthColor) {
 
 TEST_F(ShapedFountainTest, OpposedWaysMeetHalfWayThroughTheLoop) {
     InDialog([](WindowHandle dialog) {
-        Set(dialog, kSize, 24);
-        Set(dialog, kFrames, 4);
-        SetDirection(dialog, kScroll, 0);
+        Set(dialog, "Size", 24);
+        Set(dialog, "Frames", 4);
+        Set(dialog, "Scroll", 0);
         const auto forward = TakeFrames(RenderBuild(Subject(), dialog));
-        SetDirection(dialog, kScroll, 1);
+        Set(dialog, "Scroll", 1);
         const auto backward = TakeFrames(RenderBuild(Subject(), dialog));
         EXPECT_EQ(forward[0], backward[0]);
         EXPECT_EQ(forward[1], backward[3]);
@@ -101,15 +98,15 @@ TEST_F(ShapedFountainTest, OpposedWaysMeetHalfWayThroughTheLoop) {
 
 TEST_F(ShapedFountainTest, ButtonWithoutARecordFails) {
     InDialog([](WindowHandle dialog) {
-        TakeRecord(dialog, kButton);
+        TakeRecord(dialog);
         EXPECT_EQ(RenderTest(Subject(), dialog), nullptr);
     });
 }
 
 TEST_F(ShapedFountainTest, EveryFailingAllocationEndsCleanly) {
     InDialog([](WindowHandle dialog) {
-        Set(dialog, kSize, 16);
-        EXPECT_GT(FailEachAllocationOfASample(Subject(), dialog), 5);
+        Set(dialog, "Size", 16);
+        EXPECT_GT(FailuresOfASample(Subject(), dialog), 5);
     });
 }
 

@@ -12,20 +12,6 @@ namespace {
 
 using platform::WindowHandle;
 
-enum Control : int {
-    kBackground = 512,
-    kDrift = 514,
-    kSize = 516,
-    kDensity = 518,
-    kSeed = 520,
-    kColor1 = 522,
-    kColor2 = 524,
-    kEnable2 = 532,
-    kEnable3 = 533,
-    kEnable5 = 535,
-    kSpokes = 536,
-    kMode = 538,
-};
 enum Mode { kCumulative, kSequential, kConstant };
 constexpr int kTestSeed = 700;
 
@@ -56,25 +42,22 @@ struct PlainWheel {
     ColorWord color;
 };
 
-class SkipIntroTest : public StyleTest {
+class SkipIntroTest : public StyleTest<SkipIntroStyle> {
 protected:
-    static const StyleEntry& SkipIntro() { return Style("Skip Intro"); }
-
     /// Six spokes on a tile of 32, black on white, one color.
     static void Shrink(WindowHandle dialog, int density, Mode mode) {
-        Set(dialog, kSize, 32);
-        Set(dialog, kDensity, density);
-        Set(dialog, kDrift, 20);
-        Set(dialog, kSeed, kTestSeed);
-        Set(dialog, kBackground, 0xFFFFFF);
-        Set(dialog, kColor1, 0);
-        for (int id = kEnable2; id <= kEnable5; ++id)
-            platform::SetChecked(dialog, id, false);
-        platform::SetSelection(dialog, kSpokes, 0);
-        platform::SetSelection(dialog, kMode, mode);
+        Set(dialog, "Size", 32);
+        Set(dialog, "Density", density);
+        Set(dialog, "Drift", 20);
+        Set(dialog, "Seed", kTestSeed);
+        Set(dialog, "Background", 0xFFFFFF);
+        Set(dialog, "FillColor1", 0);
+        EnableColors(dialog, false);
+        Set(dialog, "Spokes", 0);
+        Set(dialog, "Mode", mode);
     }
     static std::vector<std::vector<std::uint8_t>> Frames(WindowHandle dialog) {
-        return TakeFrames(RenderBuild(SkipIntro(), dialog));
+        return TakeFrames(RenderBuild(Subject(), dialog));
     }
     static unsigned FindSeed(const std::function<bool(const SecondWheel&)>& wanted, int colors) {
         for (unsigned seed = 100; seed <= 32760; ++seed) {
@@ -166,7 +149,7 @@ TEST_F(SkipIntroTest, OneWheelTakesOneTurnInEveryMode) {
     InDialog([](WindowHandle dialog) {
         for (const Mode mode : {kCumulative, kSequential, kConstant}) {
             Shrink(dialog, 1, mode);
-            platform::SetSelection(dialog, kSpokes, 3);
+            Set(dialog, "Spokes", 3);
             EXPECT_EQ(Frames(dialog).size(), 10u) << mode;
         }
     });
@@ -182,8 +165,8 @@ TEST_F(SkipIntroTest, ConstantModeTakesOneTurnForAnyNumberOfWheels) {
 TEST_F(SkipIntroTest, EightSequentialWheelsOfSixtySpokesTakeTwentyThreeTurns) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 8, kSequential);
-        Set(dialog, kSize, 16);
-        platform::SetSelection(dialog, kSpokes, 12);
+        Set(dialog, "Size", 16);
+        Set(dialog, "Spokes", 12);
         EXPECT_EQ(Frames(dialog).size(), 1380u);
     });
 }
@@ -191,7 +174,7 @@ TEST_F(SkipIntroTest, EightSequentialWheelsOfSixtySpokesTakeTwentyThreeTurns) {
 TEST_F(SkipIntroTest, SpokesWithoutASelectionAreFour) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 1, kCumulative);
-        platform::SetSelection(dialog, kSpokes, -1);
+        Set(dialog, "Spokes", -1);
         EXPECT_EQ(Frames(dialog).size(), 4u);
     });
 }
@@ -200,7 +183,7 @@ TEST_F(SkipIntroTest, ModeWithoutASelectionIsCumulative) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 2, kCumulative);
         const auto cumulative = Frames(dialog);
-        platform::SetSelection(dialog, kMode, -1);
+        Set(dialog, "Mode", -1);
         EXPECT_EQ(Frames(dialog), cumulative);
     });
 }
@@ -208,7 +191,7 @@ TEST_F(SkipIntroTest, ModeWithoutASelectionIsCumulative) {
 TEST_F(SkipIntroTest, FurtherWheelsTakeFiveDrawsEachEvenOfOneColor) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 4, kSequential);
-        platform::FreeBlock(RenderTest(SkipIntro(), dialog));
+        platform::FreeBlock(RenderTest(Subject(), dialog));
         EXPECT_EQ(DrawsSince(kTestSeed, 100), 1 + 3 * 5);
     });
 }
@@ -216,9 +199,9 @@ TEST_F(SkipIntroTest, FurtherWheelsTakeFiveDrawsEachEvenOfOneColor) {
 TEST_F(SkipIntroTest, SampleShowsAllWheelsAsConstantModeDoes) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 3, kCumulative);
-        const auto sample = TakeBytes(RenderTest(SkipIntro(), dialog));
+        const auto sample = TakeBytes(RenderTest(Subject(), dialog));
         EXPECT_NE(Frames(dialog)[0], sample);
-        platform::SetSelection(dialog, kMode, kConstant);
+        Set(dialog, "Mode", kConstant);
         EXPECT_EQ(Frames(dialog)[0], sample);
     });
 }
@@ -228,11 +211,11 @@ TEST_F(SkipIntroTest, SecondWheelOfSixSpokesShowsFromFrameSixToTwentyTwo) {
         // The first wheel is black on black. The second starts at tick 0, so its level
         // is back at 0 in frame 23, the last of its life.
         Shrink(dialog, 2, kCumulative);
-        Set(dialog, kBackground, 0);
-        Set(dialog, kColor2, 0xFFFFFF);
-        platform::SetChecked(dialog, kEnable2, true);
+        Set(dialog, "Background", 0);
+        Set(dialog, "FillColor2", 0xFFFFFF);
+        Set(dialog, "FillEnable2", true);
         const auto wanted = [](const SecondWheel& w) { return w.color == 1 && w.tick == 0; };
-        Set(dialog, kSeed, static_cast<int>(FindSeed(wanted, 2)));
+        Set(dialog, "Seed", static_cast<int>(FindSeed(wanted, 2)));
         const auto frames = Frames(dialog);
         ASSERT_EQ(frames.size(), 30u);
         for (std::size_t f = 0; f < 30; ++f) {
@@ -246,11 +229,11 @@ TEST_F(SkipIntroTest, RandomTickCutsTheRiseShortAndLeavesTheEndDark) {
         // From tick 4 the wheel rises for 2 frames, then jumps to the full level; it
         // falls from tick 12 on, the eighth frame of its life, and is dark after 5.
         Shrink(dialog, 2, kCumulative);
-        Set(dialog, kBackground, 0);
-        Set(dialog, kColor2, 0xFFFFFF);
-        platform::SetChecked(dialog, kEnable2, true);
+        Set(dialog, "Background", 0);
+        Set(dialog, "FillColor2", 0xFFFFFF);
+        Set(dialog, "FillEnable2", true);
         const auto wanted = [](const SecondWheel& w) { return w.color == 1 && w.tick == 4; };
-        Set(dialog, kSeed, static_cast<int>(FindSeed(wanted, 2)));
+        Set(dialog, "Seed", static_cast<int>(FindSeed(wanted, 2)));
         const auto frames = Frames(dialog);
         const auto brightest = [&](std::size_t f) {
             return *std::max_element(frames[f].begin() + sizeof(PackedDib), frames[f].end());
@@ -265,16 +248,16 @@ TEST_F(SkipIntroTest, RandomTickCutsTheRiseShortAndLeavesTheEndDark) {
 TEST_F(SkipIntroTest, WheelAtNegativePlaceComesBackAtTheOtherSide) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 2, kConstant);
-        Set(dialog, kBackground, 0);
-        Set(dialog, kColor2, 0xFFFFFF);
-        platform::SetChecked(dialog, kEnable2, true);
+        Set(dialog, "Background", 0);
+        Set(dialog, "FillColor2", 0xFFFFFF);
+        Set(dialog, "FillEnable2", true);
         const auto wanted = [](const SecondWheel& w) {
             return w.color == 1 && w.x < -6 && w.x + w.size < 20;
         };
         const unsigned seed = FindSeed(wanted, 2);
         const SecondWheel wheel = DrawSecondWheel(seed, 32, 20, 2, 6);
-        Set(dialog, kSeed, static_cast<int>(seed));
-        const auto frame = TakeBytes(RenderTest(SkipIntro(), dialog));
+        Set(dialog, "Seed", static_cast<int>(seed));
+        const auto frame = TakeBytes(RenderTest(Subject(), dialog));
         const auto* image = reinterpret_cast<const PackedDib*>(frame.data());
         const platform::OwnedBlock block(RenderWheelMask({32, wheel.size, 6, wheel.tick, 255}));
         const LockedImage mask(block.Get());
@@ -296,13 +279,13 @@ TEST_F(SkipIntroTest, KeptMasksLeaveEveryByteAsWithNothingKept) {
                                100 + round * 37,    spokes[round % 7], static_cast<Mode>(round % 3),
                                {0x123456, 0xC08243}};
             Shrink(dialog, set.density, set.mode);
-            Set(dialog, kSize, set.size);
-            Set(dialog, kDrift, set.drift);
-            Set(dialog, kSeed, set.seed);
-            Set(dialog, kColor1, static_cast<int>(set.colors[0]));
-            Set(dialog, kColor2, static_cast<int>(set.colors[1]));
-            platform::SetChecked(dialog, kEnable2, true);
-            platform::SetSelection(dialog, kSpokes, round % 7);
+            Set(dialog, "Size", set.size);
+            Set(dialog, "Drift", set.drift);
+            Set(dialog, "Seed", set.seed);
+            Set(dialog, "FillColor1", static_cast<int>(set.colors[0]));
+            Set(dialog, "FillColor2", static_cast<int>(set.colors[1]));
+            Set(dialog, "FillEnable2", true);
+            Set(dialog, "Spokes", round % 7);
             const auto frames = Frames(dialog);
             EXPECT_EQ(frames, PlainFrames(set, static_cast<int>(frames.size()))) << round;
         }
@@ -313,9 +296,9 @@ TEST_F(SkipIntroTest, EveryFailingAllocationEndsWithoutAPicture) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 2, kCumulative);
         const std::size_t before = platform::CurrentMemoryUse().allocations;
-        platform::FreeBlock(RenderTest(SkipIntro(), dialog));
+        platform::FreeBlock(RenderTest(Subject(), dialog));
         const std::size_t needed = platform::CurrentMemoryUse().allocations - before;
-        EXPECT_EQ(FailuresOfASample(SkipIntro(), dialog), static_cast<int>(needed));
+        EXPECT_EQ(FailuresOfASample(Subject(), dialog), static_cast<int>(needed));
     });
 }
 
@@ -331,10 +314,51 @@ TEST_F(SkipIntroTest, MemoryThatRunsOutDuringABuildLeavesItsFramesToTheCaller) {
             const HostServices services = AgreeingHost();
             context.Host = &services;
             platform::FailAllocation(i, true);
-            EXPECT_EQ(SkipIntro().Build(&context), 0) << i;
+            EXPECT_EQ(Subject().Build(&context), 0) << i;
             platform::FailAllocation(0);
             FrameListFree(&frames);
             EXPECT_EQ(platform::CurrentMemoryUse().live_blocks, blocks) << i;
+        }
+    });
+}
+
+TEST_F(SkipIntroTest, KeptMasksGiveWayToATile) {
+    InDialog([](WindowHandle dialog) {
+        Shrink(dialog, 2, kCumulative);
+        Set(dialog, "Spokes", 3);
+        const auto frames = Frames(dialog);
+        HostServices services = AgreeingHost();
+        services.HostCall = [](TaskRecord*, std::int64_t, std::int64_t frame,
+                               std::int64_t) -> std::int64_t {
+            if (frame == 9) platform::FailAllocation(1);  // the tile after the first turn
+            return 1;
+        };
+        EXPECT_EQ(TakeFrames(RenderBuild(Subject(), dialog, services)), frames);
+        platform::FailAllocation(0);
+    });
+}
+
+TEST_F(SkipIntroTest, KeptMasksGiveWayToFramesThatFitInMemory) {
+    InDialog([](WindowHandle dialog) {
+        Shrink(dialog, 4, kCumulative);
+        Set(dialog, "Size", 24);
+        Set(dialog, "Spokes", 12);
+        const std::size_t before = platform::CurrentMemoryUse().live_bytes;
+        platform::ResetPeakMemory();
+        platform::FreeBlock(RenderWheelMask({24, 24, 60, 0, 255}));
+        const std::size_t a_mask = platform::CurrentMemoryUse().peak_bytes - before;
+        platform::ResetPeakMemory();
+        const FrameList list = RenderBuild(Subject(), dialog);
+        const std::size_t all = platform::CurrentMemoryUse().peak_bytes - before;
+        const std::size_t the_list = platform::CurrentMemoryUse().live_bytes - before;
+        const auto frames = TakeFrames(list);
+        constexpr std::size_t kWheels = 5000;  // and what they note of their masks
+        ASSERT_GT(all, the_list + a_mask + kWheels + 50000);
+        for (const std::size_t spare : {0u, 10000u, 50000u}) {
+            platform::SetMemoryLimit(before + the_list + a_mask + kWheels + spare);
+            const auto tight = Frames(dialog);
+            platform::SetMemoryLimit(0);
+            EXPECT_EQ(tight, frames) << spare;
         }
     });
 }

@@ -2,6 +2,8 @@
 #include <cstdlib>
 
 #include "runtime/mathematics.h"
+#include "tests/reference/plain_snow.h"
+#include "tests/styles/setting_draws.h"
 #include "tests/styles/style_fixture.h"
 #include "toolkit/wrap_compositing.h"
 
@@ -11,48 +13,31 @@ namespace {
 
 using platform::WindowHandle;
 
-enum Control : int {
-    kBackground = 550,
-    kOpacity = 552,
-    kFrames = 554,
-    kDrift = 556,
-    kSize = 558,
-    kDensity = 560,
-    kSeed = 562,
-    kWidth = 564,
-    kDepth = 566,
-    kColor1 = 568,
-    kEnable2 = 578,
-    kEnable5 = 581,
-};
 constexpr int kTestSeed = 900;
 constexpr int kDrawsOfAFlake = 11;  // five, and six for its shape; its color's besides
 
-class SnowTest : public StyleTest {
+class SnowTest : public StyleTest<SnowStyle> {
 protected:
-    static const StyleEntry& Snow() { return Style("Snow"); }
-
     /// Black flakes on white, falling straight down a tile of 96 by 48.
     static void Shrink(WindowHandle dialog) {
-        Set(dialog, kWidth, 96);
-        Set(dialog, kDepth, 48);
-        Set(dialog, kSize, 20);
-        Set(dialog, kDensity, 1);
-        Set(dialog, kSeed, kTestSeed);
-        Set(dialog, kFrames, 2);
-        Set(dialog, kDrift, 0);
-        Set(dialog, kOpacity, 255);
-        Set(dialog, kBackground, 0xFFFFFF);
-        Set(dialog, kColor1, 0);
-        for (int id = kEnable2; id <= kEnable5; ++id)
-            platform::SetChecked(dialog, id, false);
+        Set(dialog, "Width", 96);
+        Set(dialog, "Depth", 48);
+        Set(dialog, "Size", 20);
+        Set(dialog, "Density", 1);
+        Set(dialog, "Seed", kTestSeed);
+        Set(dialog, "Frames", 2);
+        Set(dialog, "Drift", 0);
+        Set(dialog, "FillOpacity", 255);
+        Set(dialog, "Background", 0xFFFFFF);
+        Set(dialog, "FillColor1", 0);
+        EnableColors(dialog, false);
     }
     static int DrawsOfASample(WindowHandle dialog, unsigned seed) {
-        platform::FreeBlock(RenderTest(Snow(), dialog));
+        platform::FreeBlock(RenderTest(Subject(), dialog));
         return DrawsSince(seed, 1000);
     }
     static std::vector<std::vector<std::uint8_t>> Frames(WindowHandle dialog) {
-        return TakeFrames(RenderBuild(Snow(), dialog));
+        return TakeFrames(RenderBuild(Subject(), dialog));
     }
     /// The bytes of a frame moved right and down on the torus.
     static std::vector<std::uint8_t> Moved(const std::vector<std::uint8_t>& frame, int right,
@@ -67,13 +52,29 @@ protected:
     static const PackedDib* Picture(const std::vector<std::uint8_t>& bytes) {
         return reinterpret_cast<const PackedDib*>(bytes.data());
     }
-    static int InkedPixels(const std::vector<std::uint8_t>& frame) {
-        int inked = 0;
-        for (int y = 0; y < 48; ++y) {
-            for (int x = 0; x < 96; ++x)
-                inked += GetDibPixel(Picture(frame), x, y) != 0xFFFFFF ? 1 : 0;
-        }
-        return inked;
+    /// What Shrink sets.
+    static PlainSnowSettings ShrunkSettings() {
+        return {96, 48, 20, 1, 2, 0, 255, kTestSeed, 0xFFFFFF, {0}};
+    }
+    /// Sets every control and returns what it set.
+    static PlainSnowSettings SetAtRandom(WindowHandle dialog, SettingDraws& draws) {
+        PlainSnowSettings set;
+        const auto draw = [&](std::string_view key, int least, int most) {
+            const int value = draws.Between(least, most);
+            Set(dialog, key, value);
+            return value;
+        };
+        set.width = draw("Width", 16, 160);
+        set.depth = draw("Depth", 16, 160);
+        set.size = draw("Size", 10, 64);
+        set.density = draw("Density", 1, 9);
+        set.frames = draw("Frames", 2, 6);
+        set.drift = draw("Drift", 0, 99);
+        set.opacity = draw("FillOpacity", 1, 255);
+        set.seed = static_cast<unsigned>(draw("Seed", 100, 32760));
+        set.background = static_cast<ColorWord>(draw("Background", 0, 0xFFFFFF));
+        set.colors = SetFillColors(dialog, draws);
+        return set;
     }
 };
 
@@ -81,7 +82,7 @@ TEST_F(SnowTest, FlakeTakesElevenDrawsAndOneForItsColorIfThereAreSeveral) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
         EXPECT_EQ(DrawsOfASample(dialog, kTestSeed), kDrawsOfAFlake);
-        platform::SetChecked(dialog, kEnable2, true);
+        Set(dialog, "FillEnable2", true);
         EXPECT_EQ(DrawsOfASample(dialog, kTestSeed), kDrawsOfAFlake + 1);
     });
 }
@@ -89,39 +90,62 @@ TEST_F(SnowTest, FlakeTakesElevenDrawsAndOneForItsColorIfThereAreSeveral) {
 TEST_F(SnowTest, SizeTenDrawsASizeThatCannotVary) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        Set(dialog, kSize, 10);
+        Set(dialog, "Size", 10);
         EXPECT_EQ(DrawsOfASample(dialog, kTestSeed), kDrawsOfAFlake);
     });
 }
 
 TEST_F(SnowTest, StartDensityOfThirtySixActsAsThirtyTwo) {
     InDialog([](WindowHandle dialog) {
-        for (int id = kEnable2; id <= kEnable5; ++id)
-            platform::SetChecked(dialog, id, false);
+        EnableColors(dialog, false);
         EXPECT_EQ(DrawsOfASample(dialog, 10645), 32 * kDrawsOfAFlake);
     });
 }
 
-TEST_F(SnowTest, EverySizeHasAtLeastOneLevelOfBranches) {
-    for (int size = 10; size <= 64; ++size) {
-        EXPECT_GE(static_cast<int>(runtime::Power(size, 0.2)), 1);
-        EXPECT_GE(static_cast<int>(runtime::Power(size, 0.17)), 1);
-    }
+TEST_F(SnowTest, FramesAtRandomSettingsAreTheLiteralOnes) {
     InDialog([](WindowHandle dialog) {
-        Shrink(dialog);
-        Set(dialog, kSize, 10);
-        for (int seed = 100; seed < 160; ++seed) {
-            Set(dialog, kSeed, seed);
-            // Six bare arms, 5 pixels each and blurred by the scaler, ink fewer.
-            EXPECT_GT(InkedPixels(TakeBytes(RenderTest(Snow(), dialog))), 6) << seed;
+        SettingDraws draws(11);
+        for (int round = 0; round < 12; ++round) {
+            const PlainSnowSettings settings = SetAtRandom(dialog, draws);
+            PlainSnow snow(settings);
+            const auto frames = Frames(dialog);
+            ASSERT_EQ(static_cast<int>(frames.size()), settings.frames);
+            for (int f = 0; f < settings.frames; ++f) {
+                EXPECT_EQ(frames[static_cast<std::size_t>(f)], TakeBytes(snow.RenderFrame(f)))
+                    << "round " << round << " frame " << f;
+            }
         }
+    });
+}
+
+TEST_F(SnowTest, FlakeOfSizeTenHasALevelOfBranchesAtLeast) {
+    InDialog([](WindowHandle dialog) {
+        bool least[2] = {};
+        for (int seed = 100; seed < 160; ++seed) {
+            PlainSnowSettings settings = ShrunkSettings();
+            settings.size = 10;
+            settings.seed = static_cast<unsigned>(seed);
+            Shrink(dialog);
+            Set(dialog, "Size", 10);
+            Set(dialog, "Seed", seed);
+            EXPECT_EQ(TakeBytes(RenderTest(Subject(), dialog)),
+                      TakeBytes(PlainSnow(settings).RenderFrame(0)))
+                << seed;
+            runtime::srand(settings.seed);
+            for (int i = 0; i < 5; ++i)
+                runtime::SkipDraw();
+            const PlainFlakeRecipe recipe = PlainDrawFlakeRecipe(10);
+            EXPECT_GE(recipe.limit, 1) << seed;
+            if (recipe.limit == 1) least[recipe.subdivides ? 1 : 0] = true;
+        }
+        EXPECT_TRUE(least[0] && least[1]);
     });
 }
 
 TEST_F(SnowTest, WithoutDriftAFlakeFallsStraightDown) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        Set(dialog, kFrames, 6);
+        Set(dialog, "Frames", 6);
         const auto frames = Frames(dialog);
         for (int f = 1; f < 6; ++f) {
             EXPECT_EQ(frames[static_cast<std::size_t>(f)], Moved(frames[0], 0, 8 * f)) << f;
@@ -133,8 +157,8 @@ TEST_F(SnowTest, HalfALoopFallsHalfTheTileAndSwaysToTheOtherSide) {
     InDialog([](WindowHandle dialog) {
         for (int seed = 100; seed < 120; ++seed) {
             Shrink(dialog);
-            Set(dialog, kSeed, seed);
-            Set(dialog, kDrift, 50);
+            Set(dialog, "Seed", seed);
+            Set(dialog, "Drift", 50);
             const auto frames = Frames(dialog);
             runtime::srand(static_cast<unsigned>(seed));
             for (int i = 0; i < 4; ++i)
@@ -152,7 +176,7 @@ TEST_F(SnowTest, HalfALoopFallsHalfTheTileAndSwaysToTheOtherSide) {
 TEST_F(SnowTest, FlakesOfTwoAndFourLapsStandStillInALoopOfTwoFrames) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        Set(dialog, kDensity, 3);
+        Set(dialog, "Density", 3);
         runtime::srand(kTestSeed);
         const int x = runtime::rand() % 96;
         const auto frames = Frames(dialog);
@@ -171,8 +195,8 @@ TEST_F(SnowTest, FlakesOfTwoAndFourLapsStandStillInALoopOfTwoFrames) {
 TEST_F(SnowTest, FallIsCutToWholeRowsBeforeTheLapsMultiplyIt) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        Set(dialog, kDensity, 3);
-        Set(dialog, kFrames, 96);  // half a row a frame
+        Set(dialog, "Density", 3);
+        Set(dialog, "Frames", 96);  // half a row a frame
         const auto frames = Frames(dialog);
         EXPECT_EQ(frames[0], frames[1]);
         EXPECT_NE(frames[1], frames[2]);
@@ -183,12 +207,12 @@ TEST_F(SnowTest, FallIsCutToWholeRowsBeforeTheLapsMultiplyIt) {
 TEST_F(SnowTest, OpacityOneChangesAPixelByOneLevelAtMostAndOnlyUnderWhite) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        Set(dialog, kBackground, 0x808080);
-        Set(dialog, kOpacity, 1);
-        const auto faint = TakeBytes(RenderTest(Snow(), dialog));
-        Set(dialog, kBackground, 0xFFFFFF);
-        Set(dialog, kOpacity, 255);
-        const auto strong = TakeBytes(RenderTest(Snow(), dialog));
+        Set(dialog, "Background", 0x808080);
+        Set(dialog, "FillOpacity", 1);
+        const auto faint = TakeBytes(RenderTest(Subject(), dialog));
+        Set(dialog, "Background", 0xFFFFFF);
+        Set(dialog, "FillOpacity", 255);
+        const auto strong = TakeBytes(RenderTest(Subject(), dialog));
         int changed = 0;
         for (int y = 0; y < 48; ++y) {
             for (int x = 0; x < 96; ++x) {
@@ -205,25 +229,25 @@ TEST_F(SnowTest, OpacityOneChangesAPixelByOneLevelAtMostAndOnlyUnderWhite) {
 TEST_F(SnowTest, HalfALoopIsTheSameInTwoFramesAndInFour) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        Set(dialog, kDensity, 5);
-        Set(dialog, kDrift, 20);
+        Set(dialog, "Density", 5);
+        Set(dialog, "Drift", 20);
         const auto two = Frames(dialog);
-        Set(dialog, kFrames, 4);
+        Set(dialog, "Frames", 4);
         const auto four = Frames(dialog);
         EXPECT_EQ(four[0], two[0]);
         EXPECT_EQ(four[2], two[1]);
-        EXPECT_EQ(two[0], TakeBytes(RenderTest(Snow(), dialog)));
+        EXPECT_EQ(two[0], TakeBytes(RenderTest(Subject(), dialog)));
     });
 }
 
 TEST_F(SnowTest, DriftOpacityFramesAndTileLeaveTheShapesDrawsAsTheyAre) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        Set(dialog, kDensity, 7);
-        Set(dialog, kDrift, 99);
-        Set(dialog, kOpacity, 3);
-        Set(dialog, kFrames, 31);
-        Set(dialog, kWidth, 33);
+        Set(dialog, "Density", 7);
+        Set(dialog, "Drift", 99);
+        Set(dialog, "FillOpacity", 3);
+        Set(dialog, "Frames", 31);
+        Set(dialog, "Width", 33);
         EXPECT_EQ(DrawsOfASample(dialog, kTestSeed), 7 * kDrawsOfAFlake);
     });
 }
@@ -233,7 +257,7 @@ TEST_F(SnowTest, EveryFailingAllocationEndsCleanly) {
         Shrink(dialog);
         // The flakes, the canvas's block and section, the tile: a scaler that fails
         // leaves the large sprite.
-        EXPECT_GE(FailuresOfASample(Snow(), dialog), 4);
+        EXPECT_GE(FailuresOfASample(Subject(), dialog), 4);
     });
 }
 

@@ -1,68 +1,27 @@
 // A test of one style: its panel in the real dialog, its two slots, its draws.
 #pragma once
 
+#include <algorithm>
+#include <functional>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "controls/direction_picker.h"
 #include "pipeline/image_buffers.h"
 #include "runtime/random.h"
 #include "shell/control_contract.h"
+#include "styles/styles.h"
 #include "tests/shell/panel_dialog_fixture.h"
+#include "tests/styles/setting_draws.h"
 #include "tests/support/image_bytes.h"
+#include "tests/support/style_panel.h"
 
 namespace tess::test {
 
-class StyleTest : public PanelDialogTest {
+/// Runs slots of styles, and looks at what they leave.
+class SlotTest : public PanelDialogTest {
 protected:
-    /// Opens a dialog with the panel of the style that the test case is named after,
-    /// or with all panels for another name.
-    void InDialog(const std::function<void(platform::WindowHandle)>& act) {
-        std::string wanted =
-            testing::UnitTest::GetInstance()->current_test_info()->test_suite_name();
-        wanted.resize(wanted.size() - std::string_view("Test").size());
-        std::vector<int> styles;
-        for (int i = 0; i < kStyleCount; ++i) {
-            if (PlainLetters(StyleTable[i]->Name) == PlainLetters(wanted)) styles = {i};
-        }
-        if (styles.empty()) {
-            for (int i = 0; i < kStyleCount; ++i)
-                styles.push_back(i);
-        }
-        InPanelDialog(
-            [&act](platform::WindowHandle dialog) {
-                Set(dialog, kDelayEdit, 4);
-                act(dialog);
-            },
-            styles);
-    }
-
-    /// A name's letters alone, small: "Phasers on Stun" as "phasersonstun".
-    static std::string PlainLetters(std::string_view name) {
-        std::string letters;
-        for (const char letter : name) {
-            if (letter != ' ') letters += static_cast<char>(letter | 0x20);
-        }
-        return letters;
-    }
-
-    static const StyleEntry& Style(std::string_view name) {
-        for (const StyleEntry* style : StyleTable) {
-            if (style->Name == name) return *style;
-        }
-        ADD_FAILURE() << "no style " << name;
-        return *StyleTable[0];
-    }
-
-    static void Set(platform::WindowHandle dialog, int control, int value) {
-        platform::SetControlText(dialog, control, std::to_string(value));
-        const platform::WindowHandle window = platform::Control(dialog, control);
-        if (FindPickerLayout(platform::ControlTag(window)) != nullptr) {
-            platform::SendToWindow(window, ReadControlText, 0, 0);
-        }
-    }
-
     /// The style's sample, owned by the caller; null when its Test failed.
     static ImageHandle RenderTest(const StyleEntry& style, platform::WindowHandle dialog) {
         StyleContext context{};
@@ -86,8 +45,8 @@ protected:
     }
 
     /// The frames of the style's Build, which the caller frees.
-    static FrameList RenderBuild(const StyleEntry& style, platform::WindowHandle dialog) {
-        const HostServices services = AgreeingHost();
+    static FrameList RenderBuild(const StyleEntry& style, platform::WindowHandle dialog,
+                                 const HostServices& services = AgreeingHost()) {
         FrameList frames{};
         StyleContext context{};
         context.Dialog = dialog;
@@ -95,6 +54,24 @@ protected:
         context.Host = &services;
         EXPECT_NE(style.Build(&context), 0);
         return frames;
+    }
+
+    /// The frames and counts that the style's Build reports as its progress.
+    static std::vector<std::pair<std::int64_t, std::int64_t>> ProgressOfABuild(
+        const StyleEntry& style, platform::WindowHandle dialog) {
+        static std::vector<std::pair<std::int64_t, std::int64_t>> reports;
+        reports.clear();
+        HostServices services = AgreeingHost();
+        services.HostCall = [](TaskRecord*, std::int64_t op, std::int64_t frame,
+                               std::int64_t count) -> std::int64_t {
+            EXPECT_EQ(op, static_cast<std::int64_t>(HostOp::Progress));
+            reports.emplace_back(frame, count);
+            return 1;
+        };
+        FrameList frames = RenderBuild(style, dialog, services);
+        EXPECT_EQ(reports.size(), static_cast<std::size_t>(frames.Count));
+        FrameListFree(&frames);
+        return reports;
     }
 
     /// All bytes of a picture's block, which is freed.
@@ -125,6 +102,12 @@ protected:
         return all;
     }
 
+    /// The colours of a picture, row by row from the top; the picture is freed.
+    static std::vector<ColorWord> TakePixels(ImageHandle picture) {
+        const platform::OwnedBlock owner(picture);
+        return Pixels(picture);
+    }
+
     /// The colours of every frame, row by row from the top; the list is freed.
     static std::vector<std::vector<ColorWord>> TakePixels(FrameList frames) {
         std::vector<std::vector<ColorWord>> all;
@@ -138,7 +121,7 @@ protected:
     }
 
     /// Lets each allocation of a sample fail in turn, and expects nothing to leak.
-    /// Returns how many of the samples failed.
+    /// Returns how many of the samples failed: not all do where a style can go on.
     static int FailuresOfASample(const StyleEntry& style, platform::WindowHandle dialog) {
         const std::size_t blocks = platform::CurrentMemoryUse().live_blocks;
         const std::size_t before = platform::CurrentMemoryUse().allocations;
@@ -170,6 +153,70 @@ protected:
             if (std::equal(next, next + kMatch, draws.begin() + made)) return made;
         }
         return -1;
+    }
+};
+
+/// A test of `kStyle`.
+template <const StyleEntry& kStyle>
+class StyleTest : public SlotTest {
+protected:
+    static const StyleEntry& Subject() { return kStyle; }
+
+    /// Opens a dialog with the style's panel, and lets `act` work in it.
+    void InDialog(const std::function<void(platform::WindowHandle)>& act) {
+        const auto* const* place = std::find(StyleTable, StyleTable + kStyleCount, &kStyle);
+        InPanelDialog(
+            [&act](platform::WindowHandle dialog) {
+                Set(dialog, kDelayEdit, 4);
+                act(dialog);
+            },
+            {static_cast<int>(place - StyleTable)});
+    }
+
+    /// Sets the control of the style's parameter `key`, as StylePanel does.
+    static void Set(platform::WindowHandle dialog, std::string_view key, int value) {
+        StylePanel(kStyle, dialog).Set(key, value);
+    }
+    static void Set(platform::WindowHandle dialog, std::string_view key, std::string_view item) {
+        StylePanel(kStyle, dialog).Set(key, item);
+    }
+    /// Sets a spinner of the main dialog.
+    static void Set(platform::WindowHandle dialog, MainControl control, int value) {
+        platform::SetControlText(dialog, control, std::to_string(value));
+    }
+    static int Get(platform::WindowHandle dialog, std::string_view key) {
+        return StylePanel(kStyle, dialog).Get(key);
+    }
+    /// The id of the control of parameter `key`, for what is no number.
+    static int ControlOf(std::string_view key) {
+        const StyleParameter* parameter = FindParameter(kStyle, key);
+        return parameter == nullptr ? 0 : parameter->ControlId;
+    }
+
+    static void Check(platform::WindowHandle dialog, std::initializer_list<std::string_view> boxes,
+                      bool on) {
+        for (const std::string_view box : boxes)
+            Set(dialog, box, on);
+    }
+    /// Checks the boxes of all fill colours but the first, which has none.
+    static void EnableColors(platform::WindowHandle dialog, bool on) {
+        Check(dialog, {"FillEnable2", "FillEnable3", "FillEnable4", "FillEnable5"}, on);
+    }
+    /// Draws the panel's five fill colours and which are on. Returns those that take part:
+    /// two at least, and a box in the middle of the others may be off.
+    static std::vector<ColorWord> SetFillColors(platform::WindowHandle dialog,
+                                                SettingDraws& draws) {
+        const int last = draws.Between(2, 5);
+        const int off = draws.Between(2, 7);
+        std::vector<ColorWord> list;
+        for (int i = 1; i <= 5; ++i) {
+            const ColorWord color = draws.Color();
+            const bool is_on = i == 1 || i == last || (i < last && i != off);
+            Set(dialog, Numbered("FillColor", i), static_cast<int>(color));
+            if (i > 1) Set(dialog, Numbered("FillEnable", i), is_on);
+            if (is_on) list.push_back(color);
+        }
+        return list;
     }
 };
 

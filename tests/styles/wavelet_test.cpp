@@ -2,6 +2,7 @@
 
 #include "styles/scaled_alpha.h"
 #include "tests/styles/ball_fixture.h"
+#include "tests/styles/setting_draws.h"
 
 namespace tess::test {
 
@@ -9,55 +10,41 @@ namespace {
 
 using platform::WindowHandle;
 
-enum Control : int {
-    kBackground = 733,
-    kGlare = 737,
-    kSize = 739,
-    kSeed = 741,
-    kWidth = 743,
-    kDepth = 745,
-    kColor1 = 747,
-    kEnable2 = 757,
-    kEnable3 = 758,
-    kEnable4 = 759,
-    kEnable5 = 760,
-    kShade = 761,
-    kAmplitude = 763,
-    kScroll = 765,
-    kFrames = 767,
-};
-
-class WaveletTest : public BallStyleTest {
+class WaveletTest : public BallStyleTest<WaveletStyle> {
 protected:
     static constexpr int kTestSeed = 404;
     static constexpr ColorWord kGround = 0x20FF40;
     static constexpr ColorWord kColor = 0xE03010;
 
-    static const StyleEntry& Wavelet() { return Style("Wavelet"); }
-
     static void Shrink(WindowHandle dialog, int width, int size, int amplitude) {
-        Set(dialog, kWidth, width);
-        Set(dialog, kDepth, 64);
-        Set(dialog, kSize, size);
-        Set(dialog, kAmplitude, amplitude);
-        Set(dialog, kSeed, kTestSeed);
-        Set(dialog, kFrames, 16);
-        Set(dialog, kShade, 25);
-        Set(dialog, kBackground, static_cast<int>(kGround));
-        Set(dialog, kColor1, static_cast<int>(kColor));
-        Check(dialog, {kEnable2, kEnable3, kEnable4, kEnable5}, false);
+        Set(dialog, "Width", width);
+        Set(dialog, "Depth", 64);
+        Set(dialog, "Size", size);
+        Set(dialog, "Amplitude", amplitude);
+        Set(dialog, "Seed", kTestSeed);
+        Set(dialog, "Frames", 16);
+        Set(dialog, "Shade", 25);
+        Set(dialog, "Background", static_cast<int>(kGround));
+        Set(dialog, "FillColor1", static_cast<int>(kColor));
+        EnableColors(dialog, false);
     }
 
-    /// The picture of a grid whose columns have these levels.
-    static Bytes Picture(int size, int rows, const std::vector<int>& levels) {
+    /// The picture of a grid whose columns have these levels. Colours are drawn row by
+    /// row.
+    static Bytes Picture(int size, int rows, const std::vector<int>& levels,
+                         const std::vector<ColorWord>& colors = {kColor}, int seed = kTestSeed) {
         const int columns = static_cast<int>(levels.size());
-        const platform::OwnedBlock sprite(
-            PlainRenderSprite({PlainShape::SingleBall, size, size, 0, kColor,
-                               PlainChangeValue(kColor, (1.0 - 25 / 100.0) - 1.0), kColor, 160}));
+        runtime::srand(static_cast<unsigned>(seed));
+        int last_color = -1;
         const ImageHandle picture = NewSolidImage({0, 0, columns * size, rows * size}, kGround);
         {
             const LockedImage tile(picture);
             for (int i = 0; i < rows * columns; ++i) {
+                const ColorWord color = colors[static_cast<std::size_t>(
+                    PickFillColor(static_cast<int>(colors.size()), &last_color))];
+                const platform::OwnedBlock sprite(PlainRenderSprite(
+                    {PlainShape::SingleBall, size, size, 0, color,
+                     PlainChangeValue(color, (1.0 - 25 / 100.0) - 1.0), color, 160}));
                 const platform::OwnedBlock faded(
                     ScaleImageAlpha(sprite.Get(), levels[static_cast<std::size_t>(i % columns)]));
                 const LockedImage ball(faded.Get());
@@ -67,7 +54,7 @@ protected:
         return TakeBytes(picture);
     }
     static raster::Point SizeOfSample(WindowHandle dialog) {
-        const platform::OwnedBlock sample(RenderTest(Wavelet(), dialog));
+        const platform::OwnedBlock sample(RenderTest(Subject(), dialog));
         const LockedImage image(sample.Get());
         return {image->Width, image->Height};
     }
@@ -77,7 +64,7 @@ TEST_F(WaveletTest, StartValuesKeepTheTileAndLargeBallsCutIt) {
     InDialog([](WindowHandle dialog) {
         EXPECT_EQ(SizeOfSample(dialog).x, 190);
         EXPECT_EQ(SizeOfSample(dialog).y, 90);
-        Set(dialog, kSize, 36);
+        Set(dialog, "Size", 36);
         EXPECT_EQ(SizeOfSample(dialog).x, 180);
         EXPECT_EQ(SizeOfSample(dialog).y, 72);
     });
@@ -85,9 +72,9 @@ TEST_F(WaveletTest, StartValuesKeepTheTileAndLargeBallsCutIt) {
 
 TEST_F(WaveletTest, SingleColumnPulsesInStep) {
     InDialog([](WindowHandle dialog) {
-        Set(dialog, kScroll, 0);
+        Set(dialog, "Scroll", 0);
         Shrink(dialog, 64, 36, 75);
-        const std::vector<Bytes> frames = BuildBytes(Wavelet(), dialog);
+        const std::vector<Bytes> frames = BuildBytes(dialog);
         ASSERT_EQ(frames.size(), 16u);
         EXPECT_EQ(frames[0], Picture(36, 1, {64 + 127}));
         EXPECT_EQ(frames[4], Picture(36, 1, {64 + 223}));
@@ -97,13 +84,13 @@ TEST_F(WaveletTest, SingleColumnPulsesInStep) {
 
 TEST_F(WaveletTest, AmplitudeSetsHowDeepTheWaveCuts) {
     InDialog([](WindowHandle dialog) {
-        Set(dialog, kScroll, 0);
+        Set(dialog, "Scroll", 0);
         Shrink(dialog, 64, 36, 50);
-        const std::vector<Bytes> weak = BuildBytes(Wavelet(), dialog);
+        const std::vector<Bytes> weak = BuildBytes(dialog);
         EXPECT_EQ(weak[0], Picture(36, 1, {255}));
         EXPECT_EQ(weak[12], Picture(36, 1, {128 + 63}));
         Shrink(dialog, 64, 36, 100);
-        const std::vector<Bytes> strong = BuildBytes(Wavelet(), dialog);
+        const std::vector<Bytes> strong = BuildBytes(dialog);
         EXPECT_EQ(strong[4], Picture(36, 1, {255}));
         EXPECT_EQ(strong[12], Picture(36, 1, {0}));
     });
@@ -111,9 +98,9 @@ TEST_F(WaveletTest, AmplitudeSetsHowDeepTheWaveCuts) {
 
 TEST_F(WaveletTest, InTheTroughOfAFullWaveTheBackgroundIsLeft) {
     InDialog([](WindowHandle dialog) {
-        Set(dialog, kScroll, 0);
+        Set(dialog, "Scroll", 0);
         Shrink(dialog, 64, 16, 100);  // four columns at 0, 90, 180 and 270 degrees
-        const platform::OwnedBlock sample(RenderTest(Wavelet(), dialog));
+        const platform::OwnedBlock sample(RenderTest(Subject(), dialog));
         const LockedImage image(sample.Get());
         for (int y = 0; y < 64; ++y) {
             for (int x = 48; x < 64; ++x)
@@ -125,19 +112,19 @@ TEST_F(WaveletTest, InTheTroughOfAFullWaveTheBackgroundIsLeft) {
 
 TEST_F(WaveletTest, OneWaveRunsOverTheColumnsAndAllRowsFadeInStep) {
     InDialog([](WindowHandle dialog) {
-        Set(dialog, kScroll, 0);
+        Set(dialog, "Scroll", 0);
         Shrink(dialog, 64, 16, 75);
-        EXPECT_EQ(SampleBytes(Wavelet(), dialog), Picture(16, 4, {191, 287, 191, 95}));
+        EXPECT_EQ(SampleBytes(dialog), Picture(16, 4, {191, 287, 191, 95}));
     });
 }
 
 TEST_F(WaveletTest, ReverseWalksTheSameFramesBackwards) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 64, 10, 75);
-        Set(dialog, kScroll, 0);
-        const std::vector<Bytes> forward = BuildBytes(Wavelet(), dialog);
-        Set(dialog, kScroll, 1);
-        const std::vector<Bytes> backward = BuildBytes(Wavelet(), dialog);
+        Set(dialog, "Scroll", 0);
+        const std::vector<Bytes> forward = BuildBytes(dialog);
+        Set(dialog, "Scroll", 1);
+        const std::vector<Bytes> backward = BuildBytes(dialog);
         EXPECT_EQ(backward[0], forward[15]);  // 337.5 degrees
         EXPECT_EQ(backward[15], forward[0]);
         EXPECT_NE(forward[0], forward[15]);
@@ -146,9 +133,9 @@ TEST_F(WaveletTest, ReverseWalksTheSameFramesBackwards) {
 
 TEST_F(WaveletTest, BallsDoNotMoveAndTheirRimLetsTheBackgroundThrough) {
     InDialog([](WindowHandle dialog) {
-        Set(dialog, kScroll, 0);
+        Set(dialog, "Scroll", 0);
         Shrink(dialog, 64, 16, 50);
-        const platform::OwnedBlock sample(RenderTest(Wavelet(), dialog));
+        const platform::OwnedBlock sample(RenderTest(Subject(), dialog));
         const LockedImage image(sample.Get());
         for (int y = 0; y < 64; y += 16) {
             for (int x = 0; x < 48; x += 16) {
@@ -162,45 +149,59 @@ TEST_F(WaveletTest, BallsDoNotMoveAndTheirRimLetsTheBackgroundThrough) {
 TEST_F(WaveletTest, OneColorMakesNoDrawAndSeveralAtLeastOneABall) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 64, 16, 75);
-        platform::FreeBlock(RenderTest(Wavelet(), dialog));
+        platform::FreeBlock(RenderTest(Subject(), dialog));
         EXPECT_EQ(DrawsSince(kTestSeed, 100), 0);
-        Check(dialog, {kEnable2, kEnable3}, true);
-        platform::FreeBlock(RenderTest(Wavelet(), dialog));
+        Check(dialog, {"FillEnable2", "FillEnable3"}, true);
+        platform::FreeBlock(RenderTest(Subject(), dialog));
         EXPECT_GE(DrawsSince(kTestSeed, 1000), 16);
+    });
+}
+
+TEST_F(WaveletTest, EachOfSeveralColorsIsDrawnRowByRow) {
+    InDialog([](WindowHandle dialog) {
+        Set(dialog, "Scroll", 0);
+        Shrink(dialog, 64, 16, 75);
+        SettingDraws draws(31);
+        for (int seed = 500; seed < 510; ++seed) {
+            const auto colors = SetFillColors(dialog, draws);
+            Set(dialog, "Seed", seed);
+            EXPECT_EQ(SampleBytes(dialog), Picture(16, 4, {191, 287, 191, 95}, colors, seed))
+                << seed;
+        }
     });
 }
 
 TEST_F(WaveletTest, StartsInReverse) {
     InDialog([](WindowHandle dialog) {
-        const Bytes start = SampleBytes(Wavelet(), dialog);
-        Set(dialog, kScroll, 1);
-        EXPECT_EQ(SampleBytes(Wavelet(), dialog), start);
-        Set(dialog, kScroll, 0);
-        EXPECT_NE(SampleBytes(Wavelet(), dialog), start);
+        const Bytes start = SampleBytes(dialog);
+        Set(dialog, "Scroll", 1);
+        EXPECT_EQ(SampleBytes(dialog), start);
+        Set(dialog, "Scroll", 0);
+        EXPECT_NE(SampleBytes(dialog), start);
     });
 }
 
 TEST_F(WaveletTest, FirstFrameOfABuildIsTheSample) {
     InDialog([](WindowHandle dialog) {
-        Set(dialog, kFrames, 16);
-        const Bytes sample = SampleBytes(Wavelet(), dialog);
-        EXPECT_EQ(BuildBytes(Wavelet(), dialog)[0], sample);
+        Set(dialog, "Frames", 16);
+        const Bytes sample = SampleBytes(dialog);
+        EXPECT_EQ(BuildBytes(dialog)[0], sample);
     });
 }
 
 TEST_F(WaveletTest, GlareHasNoVisibleEffect) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 64, 16, 75);
-        const Bytes with = SampleBytes(Wavelet(), dialog);
-        Set(dialog, kGlare, 0);
-        EXPECT_EQ(SampleBytes(Wavelet(), dialog), with);
+        const Bytes with = SampleBytes(dialog);
+        Set(dialog, "Glare", 0);
+        EXPECT_EQ(SampleBytes(dialog), with);
     });
 }
 
 TEST_F(WaveletTest, EveryFailingAllocationEndsCleanly) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog, 64, 16, 75);
-        ExpectCleanFailures(Wavelet(), dialog);
+        EXPECT_GT(FailuresOfASample(Subject(), dialog), 0);
     });
 }
 

@@ -10,18 +10,6 @@ namespace {
 
 using platform::WindowHandle;
 
-enum Control : int {
-    kFrames = 376,
-    kWidth = 378,
-    kDepth = 380,
-    kSeed = 382,
-    kInterference = 384,
-    kSize = 386,
-    kLightFill = 388,
-    kDarkFill = 390,
-    kRandomDelay = 392,
-};
-constexpr int kMainDelay = 11;
 constexpr int kTestSeed = 777;
 
 /// One noise value of the running sequence.
@@ -39,21 +27,19 @@ int Stretched(int shade) {
     return std::max(shade - 64, 0) * 255 / 64 % 256;
 }
 
-class WhiteNoiseTest : public StyleTest {
+class WhiteNoiseTest : public StyleTest<WhiteNoiseStyle> {
 protected:
-    static const StyleEntry& WhiteNoise() { return Style("White Noise"); }
-
     /// Light white and dark black: a pixel is then the block's shade itself.
     static void Shrink(WindowHandle dialog) {
-        Set(dialog, kWidth, 48);
-        Set(dialog, kDepth, 64);
-        Set(dialog, kFrames, 4);
-        Set(dialog, kSeed, kTestSeed);
-        Set(dialog, kInterference, 0);
-        Set(dialog, kSize, 1);
-        Set(dialog, kLightFill, 0xFFFFFF);
-        Set(dialog, kDarkFill, 0);
-        platform::SetChecked(dialog, kRandomDelay, false);
+        Set(dialog, "Width", 48);
+        Set(dialog, "Depth", 64);
+        Set(dialog, "Frames", 4);
+        Set(dialog, "Seed", kTestSeed);
+        Set(dialog, "Interference", 0);
+        Set(dialog, "Size", 1);
+        Set(dialog, "LightFill", 0xFFFFFF);
+        Set(dialog, "DarkFill", 0);
+        Set(dialog, "RandomDelay", false);
     }
 
     static const PackedDib* Picture(const std::vector<std::uint8_t>& bytes) {
@@ -76,9 +62,9 @@ protected:
     }
 
     static std::vector<std::uint32_t> Delays(WindowHandle dialog, int delay, bool random) {
-        Set(dialog, kMainDelay, delay);
-        platform::SetChecked(dialog, kRandomDelay, random);
-        FrameList frames = RenderBuild(WhiteNoise(), dialog);
+        Set(dialog, kDelayEdit, delay);
+        Set(dialog, "RandomDelay", random);
+        FrameList frames = RenderBuild(Subject(), dialog);
         std::vector<std::uint32_t> delays;
         {
             const platform::LockedBlock<const FrameRecord> records(frames.Records);
@@ -95,8 +81,8 @@ TEST_F(WhiteNoiseTest, BlocksAreOneAndAHalfTimesAsWideAsTall) {
         Shrink(dialog);
         const int widths[] = {2, 3, 4, 6, 7, 9, 10, 12};
         for (int size = 1; size <= 8; ++size) {
-            Set(dialog, kSize, size);
-            const auto bytes = TakeBytes(RenderTest(WhiteNoise(), dialog));
+            Set(dialog, "Size", size);
+            const auto bytes = TakeBytes(RenderTest(Subject(), dialog));
             EXPECT_TRUE(IsMadeOfBlocks(Picture(bytes), widths[size - 1], size)) << size;
         }
     });
@@ -105,10 +91,10 @@ TEST_F(WhiteNoiseTest, BlocksAreOneAndAHalfTimesAsWideAsTall) {
 TEST_F(WhiteNoiseTest, SidesAreRaisedToMultiplesOfThePixelSize) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        Set(dialog, kWidth, 17);
-        Set(dialog, kDepth, 31);
-        Set(dialog, kSize, 3);
-        const auto bytes = TakeBytes(RenderTest(WhiteNoise(), dialog));
+        Set(dialog, "Width", 17);
+        Set(dialog, "Depth", 31);
+        Set(dialog, "Size", 3);
+        const auto bytes = TakeBytes(RenderTest(Subject(), dialog));
         EXPECT_EQ(Picture(bytes)->Width, 18);
         EXPECT_EQ(Picture(bytes)->Height, 33);
         EXPECT_TRUE(IsMadeOfBlocks(Picture(bytes), 4, 3));  // the last is two columns wide
@@ -118,8 +104,8 @@ TEST_F(WhiteNoiseTest, SidesAreRaisedToMultiplesOfThePixelSize) {
 TEST_F(WhiteNoiseTest, LevelsAreThoseOfTheOverflowingStretch) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        Set(dialog, kWidth, 128);
-        const auto bytes = TakeBytes(RenderTest(WhiteNoise(), dialog));
+        Set(dialog, "Width", 128);
+        const auto bytes = TakeBytes(RenderTest(Subject(), dialog));
         std::set<int> seen;
         for (int y = 0; y < 64; ++y) {
             for (int x = 0; x < 128; ++x)
@@ -133,8 +119,8 @@ TEST_F(WhiteNoiseTest, LevelsAreThoseOfTheOverflowingStretch) {
 TEST_F(WhiteNoiseTest, NoiseIsDrawnFromTheBottomRowUp) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        Set(dialog, kWidth, 128);
-        const auto bytes = TakeBytes(RenderTest(WhiteNoise(), dialog));
+        Set(dialog, "Width", 128);
+        const auto bytes = TakeBytes(RenderTest(Subject(), dialog));
         runtime::srand(kTestSeed);
         for (int y = 63; y >= 0; --y) {
             for (int x = 0; x < 128; ++x) {
@@ -150,8 +136,8 @@ TEST_F(WhiteNoiseTest, NoiseIsDrawnFromTheBottomRowUp) {
 TEST_F(WhiteNoiseTest, SampleDrawsItsNoiseAndNoDelay) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        platform::SetChecked(dialog, kRandomDelay, true);
-        platform::FreeBlock(RenderTest(WhiteNoise(), dialog));
+        Set(dialog, "RandomDelay", true);
+        platform::FreeBlock(RenderTest(Subject(), dialog));
         const int next = runtime::rand();
         const int after = runtime::rand();
         runtime::srand(kTestSeed);
@@ -165,7 +151,7 @@ TEST_F(WhiteNoiseTest, SampleDrawsItsNoiseAndNoDelay) {
 TEST_F(WhiteNoiseTest, ZeroInterferenceLeavesDarkRowsEverywhere) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        for (const auto& frame : TakeFrames(RenderBuild(WhiteNoise(), dialog))) {
+        for (const auto& frame : TakeFrames(RenderBuild(Subject(), dialog))) {
             for (int y = 0; y < 64; ++y) {
                 int least = 255;
                 for (int x = 0; x < 48; ++x)
@@ -179,10 +165,10 @@ TEST_F(WhiteNoiseTest, ZeroInterferenceLeavesDarkRowsEverywhere) {
 TEST_F(WhiteNoiseTest, FullInterferenceShowsTheLightFillAtTheHumpsMiddleOfEachFrame) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        Set(dialog, kInterference, 255);
-        Set(dialog, kLightFill, 0x123456);
-        Set(dialog, kDarkFill, 0xFEDCBA);
-        const auto frames = TakeFrames(RenderBuild(WhiteNoise(), dialog));
+        Set(dialog, "Interference", 255);
+        Set(dialog, "LightFill", 0x123456);
+        Set(dialog, "DarkFill", 0xFEDCBA);
+        const auto frames = TakeFrames(RenderBuild(Subject(), dialog));
         for (int f = 0; f < 4; ++f) {
             const int middle = (f * 16 + 32) % 64;  // the band starts at f / 4 of 64 rows
             for (int x = 0; x < 48; ++x) {
@@ -196,9 +182,9 @@ TEST_F(WhiteNoiseTest, FullInterferenceShowsTheLightFillAtTheHumpsMiddleOfEachFr
 TEST_F(WhiteNoiseTest, BandAddsAHalfSineToTheNoise) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        const auto plain = TakeBytes(RenderTest(WhiteNoise(), dialog));
-        Set(dialog, kInterference, 80);
-        const auto banded = TakeBytes(RenderTest(WhiteNoise(), dialog));
+        const auto plain = TakeBytes(RenderTest(Subject(), dialog));
+        Set(dialog, "Interference", 80);
+        const auto banded = TakeBytes(RenderTest(Subject(), dialog));
         // sin(0) is 0; row 16 of 64 is at 45 degrees: trunc(0.7071 * 80) = 56.
         for (int x = 0; x < 48; ++x) {
             EXPECT_EQ(GetDibPixel(Picture(plain), x, 0), GetDibPixel(Picture(banded), x, 0));
@@ -239,9 +225,9 @@ TEST_F(WhiteNoiseTest, RandomDelayIsOneOrASecondDrawAfterTheFramesNoise) {
 TEST_F(WhiteNoiseTest, DelaysDrawsShiftTheNoiseOfTheNextFrame) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        const auto steady = TakeFrames(RenderBuild(WhiteNoise(), dialog));
-        platform::SetChecked(dialog, kRandomDelay, true);
-        const auto random = TakeFrames(RenderBuild(WhiteNoise(), dialog));
+        const auto steady = TakeFrames(RenderBuild(Subject(), dialog));
+        Set(dialog, "RandomDelay", true);
+        const auto random = TakeFrames(RenderBuild(Subject(), dialog));
         EXPECT_EQ(steady[0], random[0]);
         EXPECT_NE(steady[1], random[1]);
     });
@@ -249,16 +235,16 @@ TEST_F(WhiteNoiseTest, DelaysDrawsShiftTheNoiseOfTheNextFrame) {
 
 TEST_F(WhiteNoiseTest, BackgroundIsTheDarkFill) {
     InDialog([](WindowHandle dialog) {
-        Set(dialog, kDarkFill, 0x010203);
-        EXPECT_EQ(BackgroundQuery(WhiteNoise(), dialog, 0), 0x010203u);
-        EXPECT_EQ(BackgroundQuery(WhiteNoise(), dialog, 1), kNoBackground);
+        Set(dialog, "DarkFill", 0x010203);
+        EXPECT_EQ(BackgroundQuery(Subject(), dialog, 0), 0x010203u);
+        EXPECT_EQ(BackgroundQuery(Subject(), dialog, 1), kNoBackground);
     });
 }
 
 TEST_F(WhiteNoiseTest, EveryFailingAllocationEndsCleanly) {
     InDialog([](WindowHandle dialog) {
         Shrink(dialog);
-        EXPECT_EQ(FailuresOfASample(WhiteNoise(), dialog), 3);  // noise, band, frame
+        EXPECT_EQ(FailuresOfASample(Subject(), dialog), 3);  // noise, band, frame
     });
 }
 
