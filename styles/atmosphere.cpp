@@ -138,10 +138,6 @@ ImageHandle RenderFrame(StyleContext& context, AtmosphereState& state, int frame
     return RenderColorRing(context.Dialog, ring, static_cast<double>(frame) / state.FrameCount);
 }
 
-int FrameCount(const StyleContext&, const AtmosphereState& state) {
-    return state.FrameCount;
-}
-
 }  // namespace
 
 const StyleEntry AtmosphereStyle = {
@@ -150,7 +146,7 @@ const StyleEntry AtmosphereStyle = {
     .PanelTemplate = 7411,
     .Parameters = parameters,
     .Test = TestStyle<AtmosphereState, StyleSetup, RenderFrame>,
-    .Build = BuildStyle<AtmosphereState, StyleSetup, RenderFrame, FrameCount>,
+    .Build = BuildStyle<AtmosphereState, StyleSetup, RenderFrame>,
     .BackgroundControl = 0,
 };
 

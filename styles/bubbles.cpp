@@ -224,10 +224,6 @@ ImageHandle RenderFrame(StyleContext& context, BubblesState& state, int frame) {
     return scaled != nullptr ? scaled : large.Release();
 }
 
-int FrameCount(const StyleContext&, const BubblesState& state) {
-    return state.FrameCount;
-}
-
 }  // namespace
 
 const StyleEntry BubblesStyle = {
@@ -236,7 +232,7 @@ const StyleEntry BubblesStyle = {
     .PanelTemplate = 7400,
     .Parameters = parameters,
     .Test = TestStyle<BubblesState, StyleSetup, RenderFrame>,
-    .Build = BuildStyle<BubblesState, StyleSetup, RenderFrame, FrameCount>,
+    .Build = BuildStyle<BubblesState, StyleSetup, RenderFrame>,
     .BackgroundControl = kBackground,
 };
 

@@ -148,10 +148,6 @@ ImageHandle RenderFrame(StyleContext& context, CarpetState& state, int frame) {
     return RenderColorRing(context.Dialog, ring, static_cast<double>(frame) / state.FrameCount);
 }
 
-int FrameCount(const StyleContext&, const CarpetState& state) {
-    return state.FrameCount;
-}
-
 }  // namespace
 
 const StyleEntry CarpetStyle = {
@@ -160,7 +156,7 @@ const StyleEntry CarpetStyle = {
     .PanelTemplate = 7413,
     .Parameters = parameters,
     .Test = TestStyle<CarpetState, StyleSetup, RenderFrame>,
-    .Build = BuildStyle<CarpetState, StyleSetup, RenderFrame, FrameCount>,
+    .Build = BuildStyle<CarpetState, StyleSetup, RenderFrame>,
     .BackgroundControl = 0,
 };
 

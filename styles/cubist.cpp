@@ -201,10 +201,6 @@ ImageHandle RenderFrame(StyleContext& context, CubistState& state, int) {
     return frame.Release();
 }
 
-int FrameCount(const StyleContext&, const CubistState& state) {
-    return state.FrameCount;
-}
-
 }  // namespace
 
 const StyleEntry CubistStyle = {
@@ -213,7 +209,7 @@ const StyleEntry CubistStyle = {
     .PanelTemplate = 7402,
     .Parameters = parameters,
     .Test = TestStyle<CubistState, StyleSetup, RenderFrame>,
-    .Build = BuildStyle<CubistState, StyleSetup, RenderFrame, FrameCount>,
+    .Build = BuildStyle<CubistState, StyleSetup, RenderFrame>,
     .BackgroundControl = kBackground,
 };
 

@@ -82,10 +82,6 @@ ImageHandle RenderFrame(StyleContext& context, FountainState& state, int frame) 
     return image.Release();
 }
 
-int FrameCount(const StyleContext&, const FountainState& state) {
-    return state.FrameCount;
-}
-
 }  // namespace
 
 const StyleEntry FountainStyle = {
@@ -94,7 +90,7 @@ const StyleEntry FountainStyle = {
     .PanelTemplate = 7404,
     .Parameters = parameters,
     .Test = TestStyle<FountainState, StyleSetup, RenderFrame>,
-    .Build = BuildStyle<FountainState, StyleSetup, RenderFrame, FrameCount>,
+    .Build = BuildStyle<FountainState, StyleSetup, RenderFrame>,
     .BackgroundControl = 0,
 };
 

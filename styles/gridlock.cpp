@@ -244,10 +244,6 @@ ImageHandle RenderFrame(StyleContext&, GridlockState& state, int frame) {
     return picture.Release();
 }
 
-int FrameCount(const StyleContext&, const GridlockState& state) {
-    return state.FrameCount;
-}
-
 }  // namespace
 
 const StyleEntry GridlockStyle = {
@@ -256,7 +252,7 @@ const StyleEntry GridlockStyle = {
     .PanelTemplate = 7416,
     .Parameters = parameters,
     .Test = TestStyle<GridlockState, StyleSetup, RenderFrame, SampleDraft>,
-    .Build = BuildStyle<GridlockState, StyleSetup, RenderFrame, FrameCount>,
+    .Build = BuildStyle<GridlockState, StyleSetup, RenderFrame>,
     .BackgroundControl = kBackground,
 };
 

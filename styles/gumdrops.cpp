@@ -287,10 +287,6 @@ ImageHandle RenderFrame(StyleContext& context, GumdropState& state, int) {
     return frame.Release();
 }
 
-int FrameCount(const StyleContext&, const GumdropState& state) {
-    return state.FrameCount;
-}
-
 }  // namespace
 
 const StyleEntry GumdropsStyle = {
@@ -299,7 +295,7 @@ const StyleEntry GumdropsStyle = {
     .PanelTemplate = 7407,
     .Parameters = parameters,
     .Test = TestStyle<GumdropState, StyleSetup, RenderFrame>,
-    .Build = BuildStyle<GumdropState, StyleSetup, RenderFrame, FrameCount>,
+    .Build = BuildStyle<GumdropState, StyleSetup, RenderFrame>,
     .BackgroundControl = kBackground,
 };
 

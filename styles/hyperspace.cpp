@@ -86,7 +86,6 @@ struct Layer {
 };
 
 struct HyperspaceState {
-    std::int32_t Ready;  // setup has finished
     platform::WorkArray<StreakRecord> Streaks;
     std::int32_t StreakCount;
     std::int32_t Width, Depth;
@@ -142,7 +141,6 @@ bool StyleSetup(StyleContext& context, HyperspaceState& state) {
             ++next;
         }
     }
-    state.Ready = 1;
     return true;
 }
 
@@ -218,10 +216,6 @@ ImageHandle RenderFrame(StyleContext& context, HyperspaceState& state, int) {
     return frame.Release();
 }
 
-int FrameCount(const StyleContext&, const HyperspaceState& state) {
-    return state.FrameCount;
-}
-
 }  // namespace
 
 const StyleEntry HyperspaceStyle = {
@@ -230,7 +224,7 @@ const StyleEntry HyperspaceStyle = {
     .PanelTemplate = 7401,
     .Parameters = parameters,
     .Test = TestStyle<HyperspaceState, StyleSetup, RenderFrame>,
-    .Build = BuildStyle<HyperspaceState, StyleSetup, RenderFrame, FrameCount>,
+    .Build = BuildStyle<HyperspaceState, StyleSetup, RenderFrame>,
     .BackgroundControl = kBackground,
 };
 

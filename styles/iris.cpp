@@ -101,7 +101,6 @@ struct IrisState {
     std::int32_t TotalFrames;
     std::int32_t FramesPerSegment;
     std::int32_t Step;  // frame within the wipe
-    std::int32_t Done;
 };
 
 /// The mask of a wipe, drawn at four times the size in white on black.
@@ -333,7 +332,7 @@ ImageHandle RenderFrame(StyleContext&, IrisState& state, int) {
     const ImageHandle frame = BlendImagesByMask(old_color.Get(), new_color.Get(), mask.Get());
     if (++state.Step == state.FramesPerSegment) {
         state.Step = 0;
-        if (++state.Segment == state.ShapeCount) state.Done = 1;
+        ++state.Segment;
     }
     return frame;
 }

@@ -225,10 +225,6 @@ ImageHandle RenderFrame(StyleContext&, MachineState& state, int frame) {
     return tile.Release();
 }
 
-int FrameCount(const StyleContext&, const MachineState& state) {
-    return state.FrameCount;
-}
-
 }  // namespace
 
 const StyleEntry MachineStyle = {
@@ -237,7 +233,7 @@ const StyleEntry MachineStyle = {
     .PanelTemplate = 7412,
     .Parameters = parameters,
     .Test = TestStyle<MachineState, StyleSetup, RenderFrame>,
-    .Build = BuildStyle<MachineState, StyleSetup, RenderFrame, FrameCount>,
+    .Build = BuildStyle<MachineState, StyleSetup, RenderFrame>,
     .BackgroundControl = 0,
 };
 

@@ -50,7 +50,6 @@ enum ScrollDirection : std::uint32_t {
 struct MuralState {
     std::int32_t Width, Depth;  ///< of the tile before Resize
     std::int32_t FrameCount;
-    std::uint32_t Ready;
     double Phase;  ///< in [0, 1)
 };
 
@@ -67,7 +66,6 @@ bool StyleSetup(const StyleContext& context, MuralState& state, std::int32_t wid
     state.Depth = depth;
     state.FrameCount = std::min(GetSpinnerValue(context.Dialog, kFrames),
                                 scroll == kUp || scroll == kDown ? depth : width);
-    state.Ready = 1;
     return true;
 }
 

@@ -233,10 +233,6 @@ ImageHandle RenderFrame(StyleContext&, NeuralState& state, int frame) {
     return picture.Release();
 }
 
-int FrameCount(const StyleContext&, const NeuralState& state) {
-    return state.FrameCount;
-}
-
 }  // namespace
 
 const StyleEntry NeuralNetworkStyle = {
@@ -245,7 +241,7 @@ const StyleEntry NeuralNetworkStyle = {
     .PanelTemplate = 7418,
     .Parameters = parameters,
     .Test = TestStyle<NeuralState, StyleSetup, RenderFrame, SampleDraft>,
-    .Build = BuildStyle<NeuralState, StyleSetup, RenderFrame, FrameCount>,
+    .Build = BuildStyle<NeuralState, StyleSetup, RenderFrame>,
     .BackgroundControl = kBackground,
 };
 

@@ -200,10 +200,6 @@ ImageHandle RenderFrame(StyleContext&, ParticleState& state, int frame) {
     return picture.Release();
 }
 
-int FrameCount(const StyleContext&, const ParticleState& state) {
-    return state.FrameCount;
-}
-
 }  // namespace
 
 const StyleEntry ParticlesStyle = {
@@ -212,7 +208,7 @@ const StyleEntry ParticlesStyle = {
     .PanelTemplate = 7417,
     .Parameters = parameters,
     .Test = TestStyle<ParticleState, StyleSetup, RenderFrame, SampleDraft>,
-    .Build = BuildStyle<ParticleState, StyleSetup, RenderFrame, FrameCount>,
+    .Build = BuildStyle<ParticleState, StyleSetup, RenderFrame>,
     .BackgroundControl = kBackground,
 };
 

@@ -88,7 +88,6 @@ struct PhaserEntry {
     std::int32_t X3, Y3, X4, Y4;  // second stroke
     std::int32_t TwoStrokes;      // nonzero when the second is in use
     std::int32_t Kind;
-    std::int32_t Level;  // grey level of the flash
     ColorWord Color;
     std::int32_t Frame;  // the one frame in which this entry is drawn
     std::int32_t Power;
@@ -168,7 +167,6 @@ bool StyleSetup(StyleContext& context, PhaserState& state) {
         beam.Power = power;
         const int first_frame = runtime::rand() % state.FrameCount;
         for (int flash = 0; flash < static_cast<int>(kLevels.size()); ++flash) {
-            beam.Level = kLevels[static_cast<std::size_t>(flash)];
             beam.Frame = (first_frame + flash) % state.FrameCount;
             *next++ = beam;
         }
@@ -337,10 +335,6 @@ ImageHandle RenderFrame(StyleContext& context, PhaserState& state, int frame) {
     return tile.Release();
 }
 
-int FrameCount(const StyleContext&, const PhaserState& state) {
-    return state.FrameCount;
-}
-
 }  // namespace
 
 const StyleEntry PhasersOnStunStyle = {
@@ -349,7 +343,7 @@ const StyleEntry PhasersOnStunStyle = {
     .PanelTemplate = 7410,
     .Parameters = parameters,
     .Test = TestStyle<PhaserState, StyleSetup, RenderFrame>,
-    .Build = BuildStyle<PhaserState, StyleSetup, RenderFrame, FrameCount>,
+    .Build = BuildStyle<PhaserState, StyleSetup, RenderFrame>,
     .BackgroundControl = kBackground,
 };
 

@@ -181,10 +181,6 @@ ImageHandle RenderFrame(StyleContext& context, ShapedFountainState& state, int f
     return large ? ScaleImagePercent(large.Get(), kPercent, kPercent) : nullptr;
 }
 
-int FrameCount(const StyleContext&, const ShapedFountainState& state) {
-    return state.FrameCount;
-}
-
 }  // namespace
 
 const StyleEntry ShapedFountainStyle = {
@@ -193,7 +189,7 @@ const StyleEntry ShapedFountainStyle = {
     .PanelTemplate = 7406,
     .Parameters = parameters,
     .Test = TestStyle<ShapedFountainState, StyleSetup, RenderFrame>,
-    .Build = BuildStyle<ShapedFountainState, StyleSetup, RenderFrame, FrameCount>,
+    .Build = BuildStyle<ShapedFountainState, StyleSetup, RenderFrame>,
     .BackgroundControl = 0,
 };
 

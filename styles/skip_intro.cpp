@@ -127,8 +127,6 @@ private:
 };
 
 struct SkipIntroState {
-    std::int32_t TileWidth, TileHeight;
-    std::int32_t Ready;  // setup has finished
     std::int32_t Seed;
     std::int32_t TileSize;
     std::int32_t Spokes;
@@ -194,8 +192,6 @@ void DrawWheel(const SkipIntroState& state, int index, int drift, SkipWheel& whe
 void ReadPanel(const StyleContext& context, SkipIntroState& state) {
     const platform::WindowHandle dialog = context.Dialog;
     state.TileSize = GetSpinnerValue(dialog, kSize);
-    state.TileWidth = state.TileSize;
-    state.TileHeight = state.TileSize;
     state.Seed = GetSpinnerValue(dialog, kSeed);
     // The number is the text of the chosen entry, 0 when none is.
     const std::uint32_t spokes = platform::ControlNumber(dialog, kSpokes, false);
@@ -210,7 +206,6 @@ void ReadPanel(const StyleContext& context, SkipIntroState& state) {
 }
 
 bool StyleSetup(StyleContext& context, SkipIntroState& state) {
-    if (state.Ready != 0) return true;
     ReadPanel(context, state);
     const int drift = GetSpinnerValue(context.Dialog, kDrift);
     runtime::srand(static_cast<unsigned>(state.Seed));
@@ -231,7 +226,6 @@ bool StyleSetup(StyleContext& context, SkipIntroState& state) {
     }
     const bool is_one_turn = state.WheelCount == 1 || state.Mode == kConstant;
     state.FrameCount = is_one_turn ? state.Spokes : (3 * state.WheelCount - 1) * state.Spokes;
-    state.Ready = 1;
     return true;
 }
 
@@ -306,10 +300,6 @@ ImageHandle RenderFrame(StyleContext&, SkipIntroState& state, int) {
     return image.Release();
 }
 
-int FrameCount(const StyleContext&, const SkipIntroState& state) {
-    return state.FrameCount;
-}
-
 }  // namespace
 
 const StyleEntry SkipIntroStyle = {
@@ -318,7 +308,7 @@ const StyleEntry SkipIntroStyle = {
     .PanelTemplate = 7414,
     .Parameters = parameters,
     .Test = TestStyle<SkipIntroState, StyleSetup, RenderFrame, SampleDraft>,
-    .Build = BuildStyle<SkipIntroState, StyleSetup, RenderFrame, FrameCount>,
+    .Build = BuildStyle<SkipIntroState, StyleSetup, RenderFrame>,
     .BackgroundControl = kBackground,
 };
 

@@ -82,7 +82,6 @@ struct SnowFlake {
     std::int32_t X, Y;  // centre at frame 0, before sway and fall
     std::int32_t Size;  // side of the sprite
     std::int32_t Laps;  // falls through the tile a loop
-    std::int32_t SpareOpacity;
     std::int32_t Opacity;
     float SwayAngle;  // degrees; advances from frame to frame
     ColorWord Color;
@@ -129,7 +128,7 @@ private:
 
 struct SnowState {
     std::int32_t TileWidth, TileHeight;
-    std::int32_t FrameIndex, FrameCount;
+    std::int32_t FrameCount;
     std::int32_t Size, Drift;
     ColorWord Background;
     FillColorList FillColors;
@@ -256,7 +255,6 @@ bool DrawFlake(const SnowState& state, int index, int opacity, int* last_color, 
     runtime::SkipDraw();
     flake.Size = state.Size - runtime::rand() % std::max(state.Size / 9, 1);
     flake.Laps = kLaps[index % 3];
-    flake.SpareOpacity = 255;
     flake.SwayAngle = static_cast<float>(runtime::rand() % 360);
     flake.Opacity = opacity;
     flake.Color = state.FillColors.Colors[PickFillColor(state.FillColors.Count, last_color)];
@@ -304,7 +302,6 @@ bool StampFlake(const SnowState& state, SnowFlake& flake, PackedDib* tile, int s
 
 /// Frames must be rendered in order and each once: the flakes sway on.
 ImageHandle RenderFrame(StyleContext&, SnowState& state, int frame) {
-    state.FrameIndex = frame;
     platform::OwnedBlock image(
         NewSolidImage({0, 0, state.TileWidth, state.TileHeight}, state.Background));
     {
@@ -323,10 +320,6 @@ ImageHandle RenderFrame(StyleContext&, SnowState& state, int frame) {
     return image.Release();
 }
 
-int FrameCount(const StyleContext&, const SnowState& state) {
-    return state.FrameCount;
-}
-
 }  // namespace
 
 const StyleEntry SnowStyle = {
@@ -335,7 +328,7 @@ const StyleEntry SnowStyle = {
     .PanelTemplate = 7415,
     .Parameters = parameters,
     .Test = TestStyle<SnowState, StyleSetup, RenderFrame, SampleDraft>,
-    .Build = BuildStyle<SnowState, StyleSetup, RenderFrame, FrameCount>,
+    .Build = BuildStyle<SnowState, StyleSetup, RenderFrame>,
     .BackgroundControl = kBackground,
 };
 

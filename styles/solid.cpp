@@ -67,10 +67,6 @@ ImageHandle RenderHalfWay(StyleContext& context, SolidState& state, int) {
     return RenderPhase(context, state, 0.5);
 }
 
-int FrameCount(const StyleContext&, const SolidState& state) {
-    return state.FrameCount;
-}
-
 }  // namespace
 
 const StyleEntry SolidStyle = {
@@ -79,7 +75,7 @@ const StyleEntry SolidStyle = {
     .PanelTemplate = 7405,
     .Parameters = parameters,
     .Test = TestStyle<SolidState, StyleSetup, RenderHalfWay>,
-    .Build = BuildStyle<SolidState, StyleSetup, RenderFrame, FrameCount>,
+    .Build = BuildStyle<SolidState, StyleSetup, RenderFrame>,
     .BackgroundControl = 0,
 };
 

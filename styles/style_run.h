@@ -1,10 +1,10 @@
 // The steps that every style's Test and Build have in common. A style gives its
-// state record and three steps:
+// state record and two steps:
 //
 //   struct State;                                      zero-filled before Setup
-//   bool Setup(StyleContext& context, State& state);   reads the panel, seeds
+//   bool Setup(StyleContext& context, State& state);   reads the panel, seeds, sets
+//                                                      FrameCount of the state
 //   ImageHandle Render(StyleContext& context, State& state, int frame);
-//   int FrameCount(const StyleContext& context, const State& state);
 //
 // and gets its two slots as TestStyle<...> and BuildStyle<...>. State is cleaned
 // up by its own destructor.
@@ -36,6 +36,12 @@ int TestStyle(StyleContext* context) {
     return platform::HasMemoryFor(platform::BlockSize(first) * static_cast<std::size_t>(count));
 }
 
+/// How many frames a run of nearly every style has.
+template <class State>
+int StateFrames(const StyleContext&, const State& state) {
+    return state.FrameCount;
+}
+
 /// The delay of all frames of nearly every style: the main dialog's.
 inline std::uint32_t DialogDelay(const StyleContext&, std::uint32_t delay) {
     return delay;
@@ -46,7 +52,7 @@ inline std::uint32_t DialogDelay(const StyleContext&, std::uint32_t delay) {
 /// dialog's, once the frame is rendered.
 template <class State, bool (*Setup)(StyleContext&, State&),
           ImageHandle (*Render)(StyleContext&, State&, int),
-          int (*FrameCount)(const StyleContext&, const State&),
+          int (*FrameCount)(const StyleContext&, const State&) = StateFrames<State>,
           int (*ProgressCount)(const StyleContext&, const State&) = FrameCount,
           std::uint32_t (*Delay)(const StyleContext&, std::uint32_t delay) = DialogDelay>
 int BuildStyle(StyleContext* context) {

@@ -182,10 +182,6 @@ ImageHandle RenderFrame(StyleContext&, WaveletState& state, int frame) {
     return picture.Release();
 }
 
-int FrameCount(const StyleContext&, const WaveletState& state) {
-    return state.FrameCount;
-}
-
 }  // namespace
 
 const StyleEntry WaveletStyle = {
@@ -194,7 +190,7 @@ const StyleEntry WaveletStyle = {
     .PanelTemplate = 7419,
     .Parameters = parameters,
     .Test = TestStyle<WaveletState, StyleSetup, RenderFrame, SampleDraft>,
-    .Build = BuildStyle<WaveletState, StyleSetup, RenderFrame, FrameCount>,
+    .Build = BuildStyle<WaveletState, StyleSetup, RenderFrame>,
     .BackgroundControl = kBackground,
 };
 

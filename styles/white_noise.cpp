@@ -53,8 +53,6 @@ StyleParameter parameters[] = {
 struct WhiteNoiseState {
     std::int32_t Width, Depth;  // multiples of PixelSize
     std::int32_t FrameCount;
-    std::int32_t FrameIndex;
-    std::int32_t Ready;  // setup has finished
     std::int32_t PixelSize;
     ColorWord LightFill, DarkFill;
     double Phase;  // of the loop, 0 up to 1
@@ -77,7 +75,6 @@ bool StyleSetup(StyleContext& context, WhiteNoiseState& state) {
     state.FrameCount = GetSpinnerValue(dialog, kFrames);
     state.LightFill = platform::ControlNumber(dialog, kLightFill, false);
     state.DarkFill = platform::ControlNumber(dialog, kDarkFill, false);
-    state.Ready = 1;
     return true;
 }
 
@@ -190,7 +187,6 @@ void PaintBlocks(const WhiteNoiseState& state, const PackedDib* noise,
 
 /// Frames must be rendered in order and each once: the noise runs on.
 ImageHandle RenderFrame(StyleContext& context, WhiteNoiseState& state, int index) {
-    state.FrameIndex = index;
     state.Phase = static_cast<double>(index) / state.FrameCount;
     constexpr int kSpareRows = 16;
     const platform::OwnedBlock grey(NewGreyImage(state.Width, state.Depth));
@@ -209,10 +205,6 @@ ImageHandle RenderFrame(StyleContext& context, WhiteNoiseState& state, int index
     return frame.Release();
 }
 
-int FrameCount(const StyleContext&, const WhiteNoiseState& state) {
-    return state.FrameCount;
-}
-
 /// The delay of the frame just rendered. Its draws shift the next frame's noise.
 std::uint32_t FrameDelay(const StyleContext& context, std::uint32_t delay) {
     if (!platform::IsChecked(context.Dialog, kRandomDelay)) return delay;
@@ -229,8 +221,8 @@ const StyleEntry WhiteNoiseStyle = {
     .PanelTemplate = 7409,
     .Parameters = parameters,
     .Test = TestStyle<WhiteNoiseState, StyleSetup, RenderFrame>,
-    .Build =
-        BuildStyle<WhiteNoiseState, StyleSetup, RenderFrame, FrameCount, FrameCount, FrameDelay>,
+    .Build = BuildStyle<WhiteNoiseState, StyleSetup, RenderFrame, StateFrames<WhiteNoiseState>,
+                        StateFrames<WhiteNoiseState>, FrameDelay>,
     .BackgroundControl = kDarkFill,
 };
 
