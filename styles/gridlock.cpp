@@ -80,8 +80,6 @@ StyleParameter parameters[] = {
 };
 // clang-format on
 
-constexpr int kShadowAlpha = 255;
-
 /// Where a bar goes. The labels of the boxes stand for the opposite of what is seen,
 /// since y grows downwards; that is meant.
 enum Direction : std::int32_t {
@@ -112,7 +110,7 @@ struct BarShape {
     std::int32_t Width, Height;
     SpriteForm Form;
     std::array<platform::OwnedBlock, 5> Sprites;  // by colour, made at first use
-    platform::OwnedBlock ShadowMask;              // made at first use
+    SpriteShadow Shadow;
 };
 
 struct GridlockState {
@@ -120,8 +118,6 @@ struct GridlockState {
     std::int32_t FrameCount;
     std::int32_t Size;  // thickness of a bar
     std::int32_t Shading;
-    std::int32_t ShadowOffset;  // percent of the size
-    std::int32_t ShadowOpacity;
     ColorWord Background;
     FillColorList FillColors;
     DirectionList Directions;
@@ -153,8 +149,10 @@ void ReadPanel(platform::WindowHandle dialog, GridlockState& state) {
     state.Tall.Width = state.Wide.Height = state.Size;
     state.Tall.Height = state.Wide.Width = 3 * state.Size;
     state.Shading = GetSpinnerValue(dialog, kShade);
-    state.ShadowOffset = GetSpinnerValue(dialog, kShadowOffset);
-    state.ShadowOpacity = GetSpinnerValue(dialog, kShadowOpacity);
+    for (BarShape* shape : {&state.Tall, &state.Wide}) {
+        shape->Shadow = {shape->Width, shape->Height, GetSpinnerValue(dialog, kShadowOffset),
+                         GetSpinnerValue(dialog, kShadowOpacity)};
+    }
     state.Background = platform::ControlNumber(dialog, kBackground, false);
     state.FillColors = ReadFillColors(dialog, {kColor1, kColor2, kColor3, kColor4, kColor5},
                                       {kEnable2, kEnable3, kEnable4, kEnable5});
@@ -168,8 +166,9 @@ ImageHandle FindSprite(GridlockState& state, int color_index, std::int32_t direc
     platform::OwnedBlock& sprite = shape.Sprites[static_cast<std::size_t>(color_index)];
     if (!sprite) {
         const ColorWord color = state.FillColors.Colors[color_index];
-        sprite.Reset(RenderShadedBar(ShadeColor(color, color, state.Shading), state.Size,
-                                     {0, 0, shape.Width, shape.Height}, &shape.Form));
+        sprite = RenderShadedBar(ShadeColor(color, color, state.Shading), state.Size,
+                                 {0, 0, shape.Width, shape.Height}, &shape.Form)
+                     .Picture;
     }
     return sprite.Get();
 }
@@ -202,28 +201,6 @@ int Travelled(const GridlockState& state, const GridlockBar& bar, int frame) {
     return static_cast<int>(part * static_cast<float>(side)) * bar.Laps;
 }
 
-/// The bar's shadow, made at its first use, or null.
-ImageHandle FindShadowMask(BarShape& shape, int opacity) {
-    if (!shape.ShadowMask) {
-        shape.ShadowMask.Reset(RenderShadowMask(shape.Width, shape.Height, opacity));
-    }
-    return shape.ShadowMask.Get();
-}
-
-/// Lays one bar over its shadow. A shadow that cannot be made leaves the bar out of
-/// the frame.
-void DrawGridlockBar(PackedDib* tile, int x, int y, GridlockState& state, const GridlockBar& bar) {
-    if (state.ShadowOffset >= 1 && state.ShadowOpacity >= 1) {
-        const LockedImage shadow(
-            FindShadowMask(ShapeOf(state, bar.Direction), state.ShadowOpacity));
-        if (!shadow) return;
-        const int distance = ShadowDistance(state.Size, state.ShadowOffset);
-        WrapStampMask(tile, shadow, x + distance, y + distance, 0, kShadowAlpha);
-    }
-    const LockedImage sprite(bar.Sprite);
-    if (sprite) WrapBlendImage(tile, sprite, x, y);
-}
-
 ImageHandle RenderFrame(StyleContext&, GridlockState& state, int frame) {
     platform::OwnedBlock picture(
         NewSolidImage({0, 0, state.TileWidth, state.TileHeight}, state.Background));
@@ -238,7 +215,7 @@ ImageHandle RenderFrame(StyleContext&, GridlockState& state, int frame) {
             if (bar.Direction == kDown) y += state.TileHeight - way - 1;
             if (bar.Direction == kLeft) x += way;
             if (bar.Direction == kRight) x += state.TileWidth - way - 1;
-            DrawGridlockBar(tile, x, y, state, bar);
+            DrawOverShadow(tile, {x, y}, bar.Sprite, &ShapeOf(state, bar.Direction).Shadow);
         }
     }
     return picture.Release();

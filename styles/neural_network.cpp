@@ -75,7 +75,6 @@ StyleParameter parameters[] = {
 
 constexpr int kRestBrightness = 64;
 constexpr int kFullBrightness = 255;
-constexpr int kShadowAlpha = 255;
 
 struct NeuralNode {
     std::int32_t ColorIndex;  // in the colour list
@@ -85,8 +84,8 @@ struct NeuralNode {
 /// The balls drawn so far: one for each colour and brightness.
 class BallStore {
 public:
-    /// The place of a ball, to be filled when it is still null.
-    platform::OwnedBlock& Find(const NeuralNode& node) {
+    /// The place of a ball.
+    ShrunkPicture& Find(const NeuralNode& node) {
         // From 0 down a ball is black.
         const int brightness = std::max(node.Brightness, 0);
         return balls_[static_cast<std::size_t>(node.ColorIndex)]
@@ -94,7 +93,7 @@ public:
     }
 
 private:
-    std::array<std::array<platform::OwnedBlock, kFullBrightness + 1>, 5> balls_;
+    std::array<std::array<ShrunkPicture, kFullBrightness + 1>, 5> balls_;
 };
 
 struct NeuralState {
@@ -104,8 +103,6 @@ struct NeuralState {
     std::int32_t Size;        // diameter of a ball
     std::int32_t Pitch;       // from ball to ball
     std::int32_t Shading;
-    std::int32_t ShadowOffset;  // percent of the size
-    std::int32_t ShadowOpacity;
     std::int32_t BrightnessStep;  // from one place of the trail to the next
     std::int32_t TrailLength;
     ColorWord Background;
@@ -114,7 +111,7 @@ struct NeuralState {
     platform::WorkArray<std::int32_t> FiringOrder;
     SpriteForm BallForm;
     BallStore Balls;
-    platform::OwnedBlock ShadowMask;
+    SpriteShadow Shadow;
 };
 
 void ReadPanel(platform::WindowHandle dialog, NeuralState& state) {
@@ -126,8 +123,8 @@ void ReadPanel(platform::WindowHandle dialog, NeuralState& state) {
     state.TileWidth = state.Columns * state.Pitch;
     state.TileHeight = state.Rows * state.Pitch;
     state.Shading = GetSpinnerValue(dialog, kShade);
-    state.ShadowOffset = GetSpinnerValue(dialog, kShadowOffset);
-    state.ShadowOpacity = GetSpinnerValue(dialog, kShadowOpacity);
+    state.Shadow = {state.Size, state.Size, GetSpinnerValue(dialog, kShadowOffset),
+                    GetSpinnerValue(dialog, kShadowOpacity)};
     state.Background = platform::ControlNumber(dialog, kBackground, false);
     state.FillColors = ReadFillColors(dialog, {kColor1, kColor2, kColor3, kColor4, kColor5},
                                       {kEnable2, kEnable3, kEnable4, kEnable5});
@@ -180,38 +177,14 @@ void LightTrail(NeuralState& state, int frame) {
     }
 }
 
-/// The shadow's mask, made at its first use, or null.
-ImageHandle FindShadowMask(NeuralState& state) {
-    if (!state.ShadowMask) {
-        state.ShadowMask.Reset(RenderShadowMask(state.Size, state.Size, state.ShadowOpacity));
-    }
-    return state.ShadowMask.Get();
-}
-
 /// The node's ball, made at its first use, or null.
-ImageHandle FindBall(NeuralState& state, const NeuralNode& node) {
-    platform::OwnedBlock& ball = state.Balls.Find(node);
-    if (!ball) {
+ImageHandle FindNodeBall(NeuralState& state, const NeuralNode& node) {
+    return state.Balls.Find(node).Find([&] {
         const ColorWord color =
             ChangeValue(state.FillColors.Colors[node.ColorIndex], node.Brightness / 255.0 - 1.0);
-        ball.Reset(RenderShadedBall(ShadeColor(color, state.Background, state.Shading),
-                                    {0, 0, state.Size, state.Size}, RingAngle::Single,
-                                    &state.BallForm));
-    }
-    return ball.Get();
-}
-
-/// Lays one ball over its shadow. A shadow that cannot be made leaves the ball out as
-/// well, and a ball that cannot leaves its shadow alone; the frame goes on.
-void DrawNeuralNode(PackedDib* tile, int x, int y, NeuralState& state, const NeuralNode& node) {
-    if (state.ShadowOffset >= 1 && state.ShadowOpacity >= 1) {
-        const LockedImage shadow(FindShadowMask(state));
-        if (!shadow) return;
-        const int distance = ShadowDistance(state.Size, state.ShadowOffset);
-        WrapStampMask(tile, shadow, x + distance, y + distance, 0, kShadowAlpha);
-    }
-    const LockedImage ball(FindBall(state, node));
-    if (ball) WrapBlendImage(tile, ball, x, y);
+        return RenderShadedBall(ShadeColor(color, state.Background, state.Shading),
+                                {0, 0, state.Size, state.Size}, RingAngle::Single, &state.BallForm);
+    });
 }
 
 /// Draws row by row: a shadow lies over the balls before its own, and at the right and
@@ -226,7 +199,8 @@ ImageHandle RenderFrame(StyleContext&, NeuralState& state, int frame) {
         const NeuralNode* node = state.Nodes.begin();
         for (int row = 0; row < state.Rows; ++row) {
             for (int column = 0; column < state.Columns; ++column) {
-                DrawNeuralNode(tile, state.Pitch * column, state.Pitch * row, state, *node++);
+                DrawOverShadow(tile, {state.Pitch * column, state.Pitch * row},
+                               FindNodeBall(state, *node++), &state.Shadow);
             }
         }
     }

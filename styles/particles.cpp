@@ -4,7 +4,6 @@
 // The loop closes by angle: every ball makes one turn, clockwise. Its place is cut to
 // whole pixels, so it wobbles a little along its circle.
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <cstdint>
 
@@ -74,7 +73,6 @@ StyleParameter parameters[] = {
 };
 // clang-format on
 
-constexpr int kShadowAlpha = 255;
 // Degrees to radians, the single precision number of these very bits.
 constexpr float kRadians = std::bit_cast<float>(0x3C8EFA2EU);
 
@@ -88,15 +86,10 @@ struct ParticleRecord {
 struct ParticleState {
     std::int32_t TileWidth, TileHeight;
     std::int32_t FrameCount;
-    std::int32_t Size;  // diameter of a ball
-    std::int32_t Shading;
-    std::int32_t ShadowOffset;  // percent of the size
-    std::int32_t ShadowOpacity;
     ColorWord Background;
     FillColorList FillColors;
-    SpriteForm BallForm;
-    std::array<platform::OwnedBlock, 5> Sprites;  // by colour, made at first use
-    platform::OwnedBlock ShadowMask;              // made at first use
+    BallSet Balls;
+    SpriteShadow Shadow;
     platform::WorkArray<ParticleRecord> Particles;
 };
 
@@ -104,26 +97,15 @@ void ReadPanel(platform::WindowHandle dialog, ParticleState& state) {
     state.TileWidth = GetSpinnerValue(dialog, kWidth);
     state.TileHeight = GetSpinnerValue(dialog, kDepth);
     state.FrameCount = GetSpinnerValue(dialog, kFrames);
-    state.Size = GetSpinnerValue(dialog, kSize);
-    state.Shading = GetSpinnerValue(dialog, kShade);
-    state.ShadowOffset = GetSpinnerValue(dialog, kShadowOffset);
-    state.ShadowOpacity = GetSpinnerValue(dialog, kShadowOpacity);
+    const int size = GetSpinnerValue(dialog, kSize);
+    state.Balls.Size = size;
+    state.Balls.Shading = GetSpinnerValue(dialog, kShade);
+    state.Balls.Angle = RingAngle::Double;
+    state.Shadow = {size, size, GetSpinnerValue(dialog, kShadowOffset),
+                    GetSpinnerValue(dialog, kShadowOpacity)};
     state.Background = platform::ControlNumber(dialog, kBackground, false);
     state.FillColors = ReadFillColors(dialog, {kColor1, kColor2, kColor3, kColor4, kColor5},
                                       {kEnable2, kEnable3, kEnable4, kEnable5});
-}
-
-/// The sprite of a colour, or null. The ball's own colour shines through its rim, not
-/// the background.
-ImageHandle FindSprite(ParticleState& state, int color_index) {
-    platform::OwnedBlock& sprite = state.Sprites[static_cast<std::size_t>(color_index)];
-    if (!sprite) {
-        const ColorWord color = state.FillColors.Colors[color_index];
-        sprite.Reset(RenderShadedBall(ShadeColor(color, color, state.Shading),
-                                      {0, 0, state.Size, state.Size}, RingAngle::Double,
-                                      &state.BallForm));
-    }
-    return sprite.Get();
 }
 
 bool StyleSetup(StyleContext& context, ParticleState& state) {
@@ -142,7 +124,8 @@ bool StyleSetup(StyleContext& context, ParticleState& state) {
         runtime::SkipDraw();  // a sense of turning, which all balls share
         particle.Reach = runtime::rand() % reach_span + least_reach;
         particle.StartAngle = runtime::rand() % 360;
-        particle.Sprite = FindSprite(state, PickFillColor(state.FillColors.Count, &last_color));
+        particle.Sprite = FindBall(&state.Balls, state.FillColors,
+                                   PickFillColor(state.FillColors.Count, &last_color));
         if (particle.Sprite == nullptr) return false;
     }
     return static_cast<bool>(state.Particles);
@@ -164,28 +147,6 @@ raster::Point PlaceOf(const ParticleState& state, const ParticleRecord& particle
             static_cast<int>(dx * sine + dy * cosine) + particle.Y};
 }
 
-/// The shadow's mask, made at its first use, or null.
-ImageHandle FindShadowMask(ParticleState& state) {
-    if (!state.ShadowMask) {
-        state.ShadowMask.Reset(RenderShadowMask(state.Size, state.Size, state.ShadowOpacity));
-    }
-    return state.ShadowMask.Get();
-}
-
-/// Lays one ball over its shadow. A shadow that cannot be made leaves the ball out of
-/// the frame.
-void DrawParticle(PackedDib* tile, int x, int y, ParticleState& state,
-                  const ParticleRecord& particle) {
-    if (state.ShadowOffset >= 1 && state.ShadowOpacity >= 1) {
-        const LockedImage shadow(FindShadowMask(state));
-        if (!shadow) return;
-        const int distance = ShadowDistance(state.Size, state.ShadowOffset);
-        WrapStampMask(tile, shadow, x + distance, y + distance, 0, kShadowAlpha);
-    }
-    const LockedImage sprite(particle.Sprite);
-    if (sprite) WrapBlendImage(tile, sprite, x, y);
-}
-
 ImageHandle RenderFrame(StyleContext&, ParticleState& state, int frame) {
     platform::OwnedBlock picture(
         NewSolidImage({0, 0, state.TileWidth, state.TileHeight}, state.Background));
@@ -193,8 +154,7 @@ ImageHandle RenderFrame(StyleContext&, ParticleState& state, int frame) {
         const LockedImage tile(picture.Get());
         if (!tile) return nullptr;
         for (const ParticleRecord& particle : state.Particles) {
-            const raster::Point place = PlaceOf(state, particle, frame);
-            DrawParticle(tile, place.x, place.y, state, particle);
+            DrawOverShadow(tile, PlaceOf(state, particle, frame), particle.Sprite, &state.Shadow);
         }
     }
     return picture.Release();

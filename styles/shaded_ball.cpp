@@ -19,9 +19,6 @@
 #include <numbers>
 #include <utility>
 
-#include "pipeline/image_scaling.h"
-#include "platform/block_guards.h"
-#include "raster/shapes.h"
 #include "runtime/mathematics.h"
 #include "toolkit/color_space.h"
 #include "toolkit/wrap_compositing.h"
@@ -51,47 +48,36 @@ ColorWord RingColor(const ShadedColors& colors, int weight) {
                      mixed(BlueOf(colors.Dark), BlueOf(colors.Base)));
 }
 
-/// The canvas's picture at a quarter of its size, which stays large when there is no
-/// memory to scale it.
-ImageHandle CloseAndShrink(DibCanvas* canvas) {
-    platform::OwnedBlock large(DibCanvasClose(canvas, CanvasClose::Keep));
-    if (!large) return nullptr;
-    const ImageHandle small = ScaleImagePercent(large.Get(), kPercent, kPercent);
-    return small != nullptr ? small : large.Release();
-}
-
-/// Draws the rings and the outline of a shape through `draw_ring(context, i)`.
-/// Returns false without memory, and leaves `form` empty.
+/// Draws the rings and the outline of a shape through `draw_ring(context, i)`. The form
+/// is empty without memory.
 template <class DrawRing>
-bool FillForm(SpriteForm* form, const raster::Rect& rectangle, DrawRing draw_ring) {
+SpriteForm MakeForm(const raster::Rect& rectangle, DrawRing draw_ring) {
     const int width = kScale * (rectangle.right - rectangle.left);
     const int height = kScale * (rectangle.bottom - rectangle.top);
-    const int rings = 2 * std::min(width, height) / 3;
+    SpriteForm form{};
+    form.RingCount = 2 * std::min(width, height) / 3;
 
-    DibCanvas canvas;
-    if (DibCanvasOpen(width, height, &canvas) == 0) return false;
-    for (int i = 0; i < rings; ++i) {
+    SupersampledDrawing rings(width, height);
+    if (!rings) return {};
+    for (int i = 0; i < form.RingCount; ++i) {
         const auto number = static_cast<ColorWord>(i + 1);
-        canvas.MemoryDC.brush = raster::SolidBrush(number);
-        canvas.MemoryDC.pen = raster::SolidPen(kRingPen, number);
-        draw_ring(canvas.MemoryDC, i);
+        rings.Context().brush = raster::SolidBrush(number);
+        rings.Context().pen = raster::SolidPen(kRingPen, number);
+        draw_ring(rings.Context(), i);
     }
-    platform::OwnedBlock picture(DibCanvasClose(&canvas, CanvasClose::Keep));
-    if (!picture) return false;
+    form.Rings.Reset(rings.TakeLarge());
 
-    if (DibCanvasOpen(width, height, &canvas) == 0) return false;
-    canvas.MemoryDC.brush = raster::kWhiteBrush;
-    canvas.MemoryDC.pen = raster::kNullPen;
-    draw_ring(canvas.MemoryDC, 0);
-    form->Mask.Reset(CloseAndShrink(&canvas));
-    if (!form->Mask) return false;
-    form->Rings = std::move(picture);
-    form->RingCount = rings;
-    return true;
+    SupersampledDrawing outline(width, height);
+    if (!form.Rings || !outline) return {};
+    outline.Context().brush = raster::kWhiteBrush;
+    outline.Context().pen = raster::kNullPen;
+    draw_ring(outline.Context(), 0);
+    form.Mask = outline.TakeShrunk(kPercent);
+    return form.Mask.Picture ? std::move(form) : SpriteForm{};
 }
 
-/// Colours the rings of a form.
-ImageHandle RenderSprite(const SpriteForm& form, const ShadedColors& colors, RingAngle angle) {
+/// Colours the rings of a form. There is no picture without memory.
+ShrunkPicture RenderSprite(const SpriteForm& form, const ShadedColors& colors, RingAngle angle) {
     // A red byte is enough for the numbers: 95 pixels a side make 253 rings.
     ColorWord ring_colors[256] = {colors.Background};
     for (int i = 0; i < form.RingCount; ++i) {
@@ -100,7 +86,7 @@ ImageHandle RenderSprite(const SpriteForm& form, const ShadedColors& colors, Rin
     const platform::OwnedBlock large(DuplicateImage(form.Rings.Get()));
     {
         const LockedImage picture(large.Get());
-        if (!picture) return nullptr;
+        if (!picture) return {};
         for (int y = 0; y < picture->Height; ++y) {
             std::uint8_t* pixel = DibRow(picture.Get(), y);
             for (int x = 0; x < picture->Width; ++x, pixel += 3) {
@@ -112,7 +98,22 @@ ImageHandle RenderSprite(const SpriteForm& form, const ShadedColors& colors, Rin
         }
     }
     const platform::OwnedBlock small(ScaleImagePercent(large.Get(), kPercent, kPercent));
-    return MergeAlphaImage(small ? small.Get() : large.Get(), form.Mask.Get());
+    platform::OwnedBlock sprite(
+        MergeAlphaImage(small ? small.Get() : large.Get(), form.Mask.Picture.Get()));
+    const bool is_shrunk = sprite && small && form.Mask.IsShrunk;
+    return {std::move(sprite), is_shrunk};
+}
+
+/// Renders a sprite of the form, which is made at first use and again after one whose
+/// mask stayed large.
+template <class DrawRing>
+ShrunkPicture RenderShape(const ShadedColors& colors, const raster::Rect& rectangle,
+                          RingAngle angle, SpriteForm* form, DrawRing draw_ring) {
+    if (!form->Mask.IsShrunk) {
+        *form = {};
+        *form = MakeForm(rectangle, draw_ring);
+    }
+    return form->Rings ? RenderSprite(*form, colors, angle) : ShrunkPicture{};
 }
 
 }  // namespace
@@ -128,19 +129,29 @@ ShadedColors ShadeColor(ColorWord color, ColorWord background, int shading) {
     return {color, ChangeValue(color, (1.0 - shading / 100.0) - 1.0), background};
 }
 
-ImageHandle RenderShadedBall(const ShadedColors& colors, const raster::Rect& rectangle,
-                             RingAngle angle, SpriteForm* form) {
+ShrunkPicture RenderShadedBall(const ShadedColors& colors, const raster::Rect& rectangle,
+                               RingAngle angle, SpriteForm* form) {
     const int width = kScale * (rectangle.right - rectangle.left);
     const int height = kScale * (rectangle.bottom - rectangle.top);
     const auto draw_ring = [=](raster::DrawingContext& context, int i) {
         raster::Ellipse(context, i, i / 2, width - i, height - i);
     };
-    if (!form->Rings && !FillForm(form, rectangle, draw_ring)) return nullptr;
-    return RenderSprite(*form, colors, angle);
+    return RenderShape(colors, rectangle, angle, form, draw_ring);
 }
 
-ImageHandle RenderShadedBar(const ShadedColors& colors, int corner_size,
-                            const raster::Rect& rectangle, SpriteForm* form) {
+ImageHandle FindBall(BallSet* balls, const FillColorList& colors, int color_index) {
+    platform::OwnedBlock& sprite = balls->Sprites[static_cast<std::size_t>(color_index)];
+    if (!sprite) {
+        const ColorWord color = colors.Colors[color_index];
+        sprite = RenderShadedBall(ShadeColor(color, color, balls->Shading),
+                                  {0, 0, balls->Size, balls->Size}, balls->Angle, &balls->Form)
+                     .Picture;
+    }
+    return sprite.Get();
+}
+
+ShrunkPicture RenderShadedBar(const ShadedColors& colors, int corner_size,
+                              const raster::Rect& rectangle, SpriteForm* form) {
     const int width = kScale * (rectangle.right - rectangle.left);
     const int height = kScale * (rectangle.bottom - rectangle.top);
     const bool wide = width > height;
@@ -149,18 +160,33 @@ ImageHandle RenderShadedBar(const ShadedColors& colors, int corner_size,
         raster::RoundRect(context, wide ? i : i / 4, wide ? i / 4 : i, width - i, height - i,
                           corner, corner);
     };
-    if (!form->Rings && !FillForm(form, rectangle, draw_ring)) return nullptr;
-    return RenderSprite(*form, colors, RingAngle::Double);
+    return RenderShape(colors, rectangle, RingAngle::Double, form, draw_ring);
 }
 
-ImageHandle RenderShadowMask(int width, int height, int opacity) {
-    DibCanvas canvas;
-    if (DibCanvasOpen(kScale * width, kScale * height, &canvas) == 0) return nullptr;
+ShrunkPicture RenderShadowMask(int width, int height, int opacity) {
+    SupersampledDrawing drawing(kScale * width, kScale * height);
+    if (!drawing) return {};
     const int corner = kScale * std::min(width, height);
-    canvas.MemoryDC.brush = raster::SolidBrush(MakeColor(opacity, opacity, opacity));
-    canvas.MemoryDC.pen = raster::kNullPen;
-    raster::RoundRect(canvas.MemoryDC, 0, 0, kScale * width, kScale * height, corner, corner);
-    return CloseAndShrink(&canvas);
+    raster::DrawingContext& context = drawing.Context();
+    context.brush = raster::SolidBrush(MakeColor(opacity, opacity, opacity));
+    context.pen = raster::kNullPen;
+    raster::RoundRect(context, 0, 0, kScale * width, kScale * height, corner, corner);
+    return drawing.TakeShrunk(kPercent);
+}
+
+void DrawOverShadow(PackedDib* tile, raster::Point place, ImageHandle sprite,
+                    SpriteShadow* shadow) {
+    if (shadow->Offset >= 1 && shadow->Opacity >= 1) {
+        constexpr int kShadowAlpha = 255;
+        const LockedImage mask(shadow->Mask.Find(
+            [shadow] { return RenderShadowMask(shadow->Width, shadow->Height, shadow->Opacity); }));
+        if (!mask) return;
+        const int distance =
+            ShadowDistance(std::min(shadow->Width, shadow->Height), shadow->Offset);
+        WrapStampMask(tile, mask, place.x + distance, place.y + distance, 0, kShadowAlpha);
+    }
+    const LockedImage picture(sprite);
+    if (picture) WrapBlendImage(tile, picture, place.x, place.y);
 }
 
 }  // namespace tess

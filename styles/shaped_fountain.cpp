@@ -24,6 +24,7 @@
 #include "styles/fountain_strip.h"
 #include "styles/style_run.h"
 #include "styles/styles.h"
+#include "styles/supersampled_drawing.h"
 #include "toolkit/wrap_compositing.h"
 
 namespace tess {
@@ -62,28 +63,6 @@ struct ShapedFountainState {
     platform::WorkArray<std::uint8_t> Places;  // the fountain's column of each large pixel
 };
 
-/// A canvas that is thrown away with all that is on it.
-class ShapeCanvas {
-public:
-    explicit ShapeCanvas(int side) : is_open_(DibCanvasOpen(side, side, &canvas_) != 0) {
-        canvas_.MemoryDC.pen = raster::kNullPen;
-        canvas_.MemoryDC.polygon_fill = raster::PolygonFill::Alternate;
-    }
-    ShapeCanvas(const ShapeCanvas&) = delete;
-    ShapeCanvas& operator=(const ShapeCanvas&) = delete;
-    ~ShapeCanvas() {
-        if (is_open_) DibCanvasClose(&canvas_, CanvasClose::Discard);
-    }
-
-    explicit operator bool() const { return is_open_ && !canvas_.MemoryDC.failed; }
-    [[nodiscard]] raster::DrawingContext& Context() { return canvas_.MemoryDC; }
-    [[nodiscard]] const raster::Surface& Surface() const { return canvas_.MemoryDC.surface; }
-
-private:
-    DibCanvas canvas_;
-    bool is_open_;
-};
-
 /// Paints the shape at `t`, 0 for the outermost to below 1, on a canvas of twice
 /// `half`.
 void PaintShape(raster::DrawingContext& context, int shape, int half, double t) {
@@ -115,13 +94,15 @@ void PaintShape(raster::DrawingContext& context, int shape, int half, double t) 
     }
 }
 
-/// Fills state.Places. Returns false without memory.
-bool DrawPlaces(ShapedFountainState& state) {
+/// The shapes, each in the number of its place. The caller owns the picture; null
+/// without memory.
+ImageHandle DrawShapes(const ShapedFountainState& state) {
     const int side = kFactor * state.Size;
-    const auto pixels = static_cast<std::size_t>(side) * static_cast<std::size_t>(side);
-    ShapeCanvas canvas(side);
-    state.Places = platform::WorkArray<std::uint8_t>(pixels);
-    if (!canvas || !state.Places) return false;
+    SupersampledDrawing drawing(side, side);
+    if (!drawing) return nullptr;
+    raster::DrawingContext& context = drawing.Context();
+    context.pen = raster::kNullPen;
+    context.polygon_fill = raster::PolygonFill::Alternate;
     const int half = side / 2;
     int last_place = -1;
     for (int i = 0; i < half; ++i) {
@@ -129,17 +110,27 @@ bool DrawPlaces(ShapedFountainState& state) {
         const int place = static_cast<int>(t * double{kStripColors});
         if (place == last_place) continue;
         last_place = place;
-        canvas.Context().brush = raster::SolidBrush(static_cast<ColorWord>(place));
-        PaintShape(canvas.Context(), state.Shape, half, t);
+        context.brush = raster::SolidBrush(static_cast<ColorWord>(place));
+        PaintShape(context, state.Shape, half, t);
     }
-    const raster::Surface& surface = canvas.Surface();
+    return drawing.TakeLarge();
+}
+
+/// Fills state.Places. Returns false without memory.
+bool DrawPlaces(ShapedFountainState& state) {
+    const int side = kFactor * state.Size;
+    state.Places = platform::WorkArray<std::uint8_t>(static_cast<std::size_t>(side) *
+                                                     static_cast<std::size_t>(side));
+    const platform::OwnedBlock shapes(DrawShapes(state));
+    const LockedImage picture(shapes.Get());
+    if (!picture || !state.Places) return false;
     std::uint8_t* place = state.Places.begin();
-    for (int row = 0; row < side; ++row) {
-        const std::uint8_t* pixel = surface.bits + std::ptrdiff_t{row} * surface.stride + kLowByte;
+    for (int y = 0; y < side; ++y) {
+        const std::uint8_t* pixel = DibRow(picture.Get(), y) + kLowByte;
         for (int x = 0; x < side; ++x, pixel += 3)
             *place++ = *pixel;
     }
-    return static_cast<bool>(canvas);
+    return true;
 }
 
 bool StyleSetup(StyleContext& context, ShapedFountainState& state) {
@@ -161,7 +152,7 @@ ImageHandle PaintPlaces(const ShapedFountainState& state, ImageHandle ramp) {
         if (!colors || !image) return nullptr;
         const std::uint8_t* by_place = DibRow(colors.Get(), 0);
         const std::uint8_t* place = state.Places.begin();
-        for (int y = side - 1; y >= 0; --y) {
+        for (int y = 0; y < side; ++y) {
             std::uint8_t* pixel = DibRow(image.Get(), y);
             for (int x = 0; x < side; ++x, ++place, pixel += 3)
                 std::memcpy(pixel, by_place + std::ptrdiff_t{3} * *place, 3);

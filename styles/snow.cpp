@@ -16,16 +16,15 @@
 
 #include "controls/spinner.h"
 #include "pipeline/image_buffers.h"
-#include "pipeline/image_scaling.h"
 #include "platform/block_guards.h"
 #include "platform/dialog.h"
 #include "raster/lines.h"
-#include "raster/shapes.h"
 #include "runtime/mathematics.h"
 #include "runtime/random.h"
 #include "styles/fill_colors.h"
 #include "styles/style_run.h"
 #include "styles/styles.h"
+#include "styles/supersampled_drawing.h"
 #include "toolkit/wrap_compositing.h"
 
 namespace tess {
@@ -191,17 +190,18 @@ FlakePoint Turned(FlakePoint center, FlakePoint end, float radians) {
 
 /// Draws on a canvas of twice the points' scale, each coordinate cut before it is
 /// doubled.
-void DrawSegment(DibCanvas& canvas, FlakePoint from, FlakePoint to, const FlakeRecipe& recipe) {
+void DrawSegment(raster::DrawingContext& context, FlakePoint from, FlakePoint to,
+                 const FlakeRecipe& recipe) {
     constexpr int kPenWidth = 2;
-    canvas.MemoryDC.pen = raster::SolidPen(kPenWidth, recipe.PenColor);
-    raster::MoveToEx(canvas.MemoryDC, static_cast<int>(from.x) * 2, static_cast<int>(from.y) * 2);
-    raster::LineTo(canvas.MemoryDC, static_cast<int>(to.x) * 2, static_cast<int>(to.y) * 2);
+    context.pen = raster::SolidPen(kPenWidth, recipe.PenColor);
+    raster::MoveToEx(context, static_cast<int>(from.x) * 2, static_cast<int>(from.y) * 2);
+    raster::LineTo(context, static_cast<int>(to.x) * 2, static_cast<int>(to.y) * 2);
 }
 
-void DrawFlakeBranch(DibCanvas& canvas, FlakePoint start, FlakePoint end, int depth,
+void DrawFlakeBranch(raster::DrawingContext& context, FlakePoint start, FlakePoint end, int depth,
                      const FlakeRecipe& recipe) {
     const bool subdivides = recipe.Kind == FlakeKind::Subdividing;
-    if (!subdivides) DrawSegment(canvas, start, end, recipe);
+    if (!subdivides) DrawSegment(context, start, end, recipe);
     const FlakePoint root = Along(start, start, end, recipe.Position);
     const FlakePoint straight = Along(root, start, end, recipe.Length);
     const float turn = static_cast<float>(recipe.Angle) * 3.1415927F / 180.0F;
@@ -209,26 +209,26 @@ void DrawFlakeBranch(DibCanvas& canvas, FlakePoint start, FlakePoint end, int de
     const FlakePoint right = Turned(root, straight, -turn);
     if (depth >= recipe.DepthLimit) {
         if (subdivides) {
-            DrawSegment(canvas, root, left, recipe);
-            DrawSegment(canvas, root, right, recipe);
+            DrawSegment(context, root, left, recipe);
+            DrawSegment(context, root, right, recipe);
         }
         return;
     }
-    DrawFlakeBranch(canvas, root, left, depth + 1, recipe);
-    DrawFlakeBranch(canvas, root, right, depth + 1, recipe);
+    DrawFlakeBranch(context, root, left, depth + 1, recipe);
+    DrawFlakeBranch(context, root, right, depth + 1, recipe);
     if (subdivides) {
-        DrawFlakeBranch(canvas, start, root, depth + 1, recipe);
-        DrawFlakeBranch(canvas, root, end, depth + 1, recipe);
+        DrawFlakeBranch(context, start, root, depth + 1, recipe);
+        DrawFlakeBranch(context, root, end, depth + 1, recipe);
     }
 }
 
-void DrawArms(DibCanvas& canvas, int size, const FlakeRecipe& recipe) {
+void DrawArms(raster::DrawingContext& context, int size, const FlakeRecipe& recipe) {
     const float center = static_cast<float>(size / 2);
     for (int degrees = 0; degrees < 360; degrees += 60) {
         const double radians = static_cast<float>(degrees * std::numbers::pi / 180.0);
         const float s = static_cast<float>(runtime::Sine(radians));
         const float c = static_cast<float>(runtime::Cosine(radians));
-        DrawFlakeBranch(canvas, {center, center}, {center + center * s, center - center * c}, 0,
+        DrawFlakeBranch(context, {center, center}, {center + center * s, center - center * c}, 0,
                         recipe);
     }
 }
@@ -237,14 +237,11 @@ void DrawArms(DibCanvas& canvas, int size, const FlakeRecipe& recipe) {
 /// scaler that fails leaves the large picture.
 ImageHandle MakeFlake(int size) {
     const FlakeRecipe recipe = DrawRecipe(size);
-    DibCanvas canvas;
-    if (DibCanvasOpen(size * 2, size * 2, &canvas) == 0) return nullptr;
-    raster::FillRect(canvas.MemoryDC, canvas.Bounds, raster::kBlackBrush);
-    DrawArms(canvas, size, recipe);
-    platform::OwnedBlock large(DibCanvasClose(&canvas, CanvasClose::Keep));
-    if (!large) return nullptr;
-    const ImageHandle scaled = ScaleImagePercent(large.Get(), 50, 50);
-    return scaled != nullptr ? scaled : large.Release();
+    SupersampledDrawing drawing(size * 2, size * 2);
+    if (!drawing) return nullptr;
+    drawing.Fill(raster::kBlackBrush);
+    DrawArms(drawing.Context(), size, recipe);
+    return drawing.TakeShrunk(50).Picture.Release();
 }
 
 /// Makes the flake with number `index`. Returns false without memory.

@@ -12,6 +12,23 @@
 
 namespace tess {
 
+/// What shrinking a drawing gives, for where the large picture is better than none.
+struct ShrunkPicture {
+    platform::OwnedBlock Picture;  ///< none where there was no memory at all
+    bool IsShrunk = false;         ///< not so where there was none to scale it
+
+    /// The picture, made by `make()` unless it is here from before, or null. One that
+    /// stayed large serves once: the next call makes it anew.
+    template <class Make>
+    [[nodiscard]] ImageHandle Find(Make make) {
+        if (!IsShrunk) {
+            Picture.Reset();
+            *this = make();
+        }
+        return Picture.Get();
+    }
+};
+
 /// A canvas that is open for a scope, and discarded unless it is taken.
 class SupersampledDrawing {
 public:
@@ -37,6 +54,14 @@ public:
     [[nodiscard]] ImageHandle TakeScaled(int percent) {
         const platform::OwnedBlock large(TakeLarge());
         return ScaleImagePercent(large.Get(), percent, percent);
+    }
+
+    /// The same, but a picture that could not be scaled stays large.
+    [[nodiscard]] ShrunkPicture TakeShrunk(int percent) {
+        platform::OwnedBlock large(TakeLarge());
+        platform::OwnedBlock small(ScaleImagePercent(large.Get(), percent, percent));
+        if (small) return {std::move(small), true};
+        return {std::move(large), false};
     }
 
 private:

@@ -3,7 +3,6 @@
 // and back, a little behind the one before.
 //
 // The loop closes by angle: the one wave across the tile walks one wavelength.
-#include <array>
 #include <cstdint>
 #include <numbers>
 
@@ -84,13 +83,11 @@ struct WaveletState {
     std::int32_t FrameCount;
     std::int32_t Pitch;  // diameter of a ball and distance to the next
     std::int32_t Reverse;
-    std::int32_t Shading;
     ColorWord Background;
     FillColorList FillColors;
     float Amplitude;
-    SpriteForm BallForm;
-    std::array<platform::OwnedBlock, 5> Sprites;  // by colour, made at first use
-    platform::WorkArray<WaveletBall> Balls;       // row by row
+    BallSet Sprites;
+    platform::WorkArray<WaveletBall> Balls;  // row by row
 };
 
 void ReadPanel(platform::WindowHandle dialog, WaveletState& state) {
@@ -101,24 +98,13 @@ void ReadPanel(platform::WindowHandle dialog, WaveletState& state) {
     state.TileHeight = state.Rows * state.Pitch;
     state.FrameCount = GetSpinnerValue(dialog, kFrames);
     state.Reverse = SelectedDirection(dialog, kScroll) != 0 ? 1 : 0;
-    state.Shading = GetSpinnerValue(dialog, kShade);
+    state.Sprites.Size = state.Pitch;
+    state.Sprites.Shading = GetSpinnerValue(dialog, kShade);
+    state.Sprites.Angle = RingAngle::Single;
     state.Amplitude = static_cast<float>(GetSpinnerValue(dialog, kAmplitude) / 100.0);
     state.Background = platform::ControlNumber(dialog, kBackground, false);
     state.FillColors = ReadFillColors(dialog, {kColor1, kColor2, kColor3, kColor4, kColor5},
                                       {kEnable2, kEnable3, kEnable4, kEnable5});
-}
-
-/// The sprite of a colour, or null. The ball's own colour shines through its rim, not
-/// the background.
-ImageHandle FindSprite(WaveletState& state, int color_index) {
-    platform::OwnedBlock& sprite = state.Sprites[static_cast<std::size_t>(color_index)];
-    if (!sprite) {
-        const ColorWord color = state.FillColors.Colors[color_index];
-        sprite.Reset(RenderShadedBall(ShadeColor(color, color, state.Shading),
-                                      {0, 0, state.Pitch, state.Pitch}, RingAngle::Single,
-                                      &state.BallForm));
-    }
-    return sprite.Get();
 }
 
 bool StyleSetup(StyleContext& context, WaveletState& state) {
@@ -131,7 +117,8 @@ bool StyleSetup(StyleContext& context, WaveletState& state) {
     for (WaveletBall& ball : state.Balls) {
         ball.X = i % state.Columns * state.Pitch;
         ball.Y = i / state.Columns * state.Pitch;
-        ball.Sprite = FindSprite(state, PickFillColor(state.FillColors.Count, &last_color));
+        ball.Sprite = FindBall(&state.Sprites, state.FillColors,
+                               PickFillColor(state.FillColors.Count, &last_color));
         if (ball.Sprite == nullptr) return false;
         ++i;
     }

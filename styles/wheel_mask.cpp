@@ -9,11 +9,9 @@
 
 #include <algorithm>
 
-#include "pipeline/image_scaling.h"
-#include "platform/block_guards.h"
 #include "raster/lines.h"
-#include "raster/shapes.h"
 #include "runtime/mathematics.h"
+#include "styles/supersampled_drawing.h"
 
 namespace tess {
 
@@ -67,18 +65,18 @@ bool AreEqual(raster::Point a, raster::Point b) {
 
 ImageHandle RenderWheelMask(const WheelLook& look) {
     const WheelMeasures wheel = Measure(look);
-    DibCanvas canvas;
-    if (DibCanvasOpen(wheel.side, wheel.side, &canvas) == 0) return nullptr;
-    raster::FillRect(canvas.MemoryDC, canvas.Bounds, raster::kBlackBrush);
+    SupersampledDrawing drawing(wheel.side, wheel.side);
+    if (!drawing) return nullptr;
+    drawing.Fill(raster::kBlackBrush);
+    raster::DrawingContext& context = drawing.Context();
     for (int i = 0; i < look.Spokes; ++i) {
         const int grey = i * 255 / look.Spokes * look.Peak / 255;
-        canvas.MemoryDC.pen = raster::SolidPen(wheel.thickness, MakeColor(grey, grey, grey));
+        context.pen = raster::SolidPen(wheel.thickness, MakeColor(grey, grey, grey));
         const Spoke spoke = PlaceSpoke(wheel, look.Tick, i);
-        raster::MoveToEx(canvas.MemoryDC, spoke.outer.x, spoke.outer.y);
-        raster::LineTo(canvas.MemoryDC, spoke.inner.x, spoke.inner.y);
+        raster::MoveToEx(context, spoke.outer.x, spoke.outer.y);
+        raster::LineTo(context, spoke.inner.x, spoke.inner.y);
     }
-    const platform::OwnedBlock large(DibCanvasClose(&canvas, CanvasClose::Keep));
-    return large ? ScaleImagePercent(large.Get(), 25, 25) : nullptr;
+    return drawing.TakeScaled(100 / kCanvasFactor);
 }
 
 bool IsSameTurn(const WheelLook& look, int other_tick) {
