@@ -5,7 +5,6 @@
 // The loop closes by position, a whole number of tile heights a loop, and by
 // angle, one turn of each bubble's sway.
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <numbers>
 
@@ -17,6 +16,7 @@
 #include "runtime/mathematics.h"
 #include "runtime/random.h"
 #include "styles/fill_colors.h"
+#include "styles/sprite_store.h"
 #include "styles/style_run.h"
 #include "styles/styles.h"
 #include "toolkit/wrap_compositing.h"
@@ -91,34 +91,6 @@ struct Layer {
     int count, size, speed, peak;
 };
 
-/// The masks of the bubbles drawn so far. A bubble's mask depends on its diameter
-/// and peak alone, and a run has few of those.
-class MaskStore {
-public:
-    /// Returns the mask, owned by the store, or null.
-    ImageHandle Find(const BubbleRecord& bubble) {
-        for (std::size_t i = 0; i < count_; ++i) {
-            const Entry& entry = entries_[i];
-            if (entry.diameter == bubble.Diameter && entry.peak == bubble.Peak) {
-                return entry.mask.Get();
-            }
-        }
-        platform::OwnedBlock mask(RadialMask(bubble.Diameter, bubble.Peak, bubble.Inverse != 0));
-        const ImageHandle handle = mask.Get();
-        if (handle != nullptr) entries_[count_++] = {bubble.Diameter, bubble.Peak, std::move(mask)};
-        return handle;
-    }
-
-private:
-    struct Entry {
-        int diameter, peak;
-        platform::OwnedBlock mask;
-    };
-    // A layer's diameters differ by less than a ninth of its size, at most 256.
-    std::array<Entry, 3 * 29> entries_{};
-    std::size_t count_ = 0;
-};
-
 struct BubblesState {
     platform::WorkArray<BubbleRecord> Bubbles;
     std::int32_t BubbleCount;
@@ -128,7 +100,7 @@ struct BubblesState {
     std::int32_t SupersampleFactor;
     platform::OwnedBlock BackgroundImage;
     FillColorList FillColors;
-    MaskStore Masks;
+    SpriteStore Masks;
 };
 
 /// A remainder that keeps the dividend's sign. A Width equal to a layer's size
@@ -192,13 +164,22 @@ bool StyleSetup(StyleContext& context, BubblesState& state) {
     return true;
 }
 
+/// The bubble's mask, owned by the state, or null. It depends on the diameter and the
+/// peak alone, of which a run has few.
+ImageHandle FindMask(BubblesState& state, const BubbleRecord& bubble) {
+    const int key = bubble.Diameter << 8 | bubble.Peak;
+    return state.Masks.Find(static_cast<std::uint64_t>(key), [&bubble] {
+        return RadialMask(bubble.Diameter, bubble.Peak, bubble.Inverse != 0);
+    });
+}
+
 /// Stamps one bubble where it is in this frame. Returns false without memory.
 bool StampBubble(BubblesState& state, BubbleRecord& bubble, PackedDib* picture, int sway,
                  int rise) {
     const double s = runtime::Sine(bubble.Phase * std::numbers::pi / 180.0);
     const int x = bubble.X - static_cast<int>(s * sway) - bubble.Diameter / 2;
     const int y = bubble.Y - rise * bubble.Speed - bubble.Diameter / 2;
-    const LockedImage mask(state.Masks.Find(bubble));
+    const LockedImage mask(FindMask(state, bubble));
     if (!mask) return false;
     WrapStampMask(picture, mask, x, y, bubble.Color, bubble.Opacity);
     bubble.Phase += 1.0 / state.FrameCount * 360.0;

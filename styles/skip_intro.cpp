@@ -17,7 +17,7 @@
 #include "styles/fill_colors.h"
 #include "styles/style_run.h"
 #include "styles/styles.h"
-#include "styles/wheel_mask.h"
+#include "styles/wheel_mask_store.h"
 #include "toolkit/wrap_compositing.h"
 
 namespace tess {
@@ -89,43 +89,6 @@ struct SkipWheel {
     std::int32_t HoldTick, FallTick;  // ticks at which Fade becomes kHolding, kFalling
 };
 
-/// The masks of wheels at full brightness, for when the same turn comes round again.
-/// A wheel keeps one turn, so all together are less than half of the animation.
-class MaskStore {
-public:
-    MaskStore() = default;
-    MaskStore(const MaskStore&) = delete;
-    MaskStore& operator=(const MaskStore&) = delete;
-    ~MaskStore() {
-        for (const Entry& entry : entries_)
-            platform::FreeBlock(entry.mask);
-    }
-
-    [[nodiscard]] bool Allocate(int wheels, int spokes) {
-        entries_ = platform::WorkArray<Entry>(static_cast<std::size_t>(wheels) *
-                                              static_cast<std::size_t>(spokes));
-        return static_cast<bool>(entries_);
-    }
-
-    /// Returns the mask of wheel number `wheel`, owned by the store, or null.
-    ImageHandle Find(std::size_t wheel, const WheelLook& look) {
-        const auto spokes = static_cast<std::size_t>(look.Spokes);
-        Entry& entry = entries_[wheel * spokes + static_cast<std::size_t>(look.Tick) % spokes];
-        if (entry.mask == nullptr || !IsSameTurn(look, entry.tick)) {
-            platform::FreeBlock(entry.mask);
-            entry = {RenderWheelMask(look), look.Tick};
-        }
-        return entry.mask;
-    }
-
-private:
-    struct Entry {
-        ImageHandle mask;
-        int tick;
-    };
-    platform::WorkArray<Entry> entries_;
-};
-
 struct SkipIntroState {
     std::int32_t Seed;
     std::int32_t TileSize;
@@ -136,7 +99,10 @@ struct SkipIntroState {
     FillColorList FillColors;
     platform::WorkArray<SkipWheel> Wheels;
     std::int32_t WheelCount;
-    MaskStore Masks;
+    WheelMaskStore Masks;
+
+    /// Frees what can be made again. Returns whether there was anything.
+    bool DropKept() { return Masks.DropAll(); }
 };
 
 /// Sets the timetable of wheel `index`, 1 and up, in frames.
@@ -248,15 +214,9 @@ bool StampWheel(SkipIntroState& state, const SkipWheel& wheel, int peak, PackedD
     // At peak 0 the mask is black and changes nothing.
     if (peak == 0) return true;
     const WheelLook look{state.TileSize, wheel.Size, wheel.Spokes, wheel.Tick, peak};
-    platform::OwnedBlock fresh;
-    ImageHandle handle;
-    if (ComesRoundAgain(state, wheel, peak)) {
-        handle = state.Masks.Find(static_cast<std::size_t>(&wheel - state.Wheels.begin()), look);
-    } else {
-        fresh.Reset(RenderWheelMask(look));
-        handle = fresh.Get();
-    }
-    const LockedImage mask(handle);
+    const auto number = static_cast<std::size_t>(&wheel - state.Wheels.begin());
+    const LockedImage mask(ComesRoundAgain(state, wheel, peak) ? state.Masks.Find(number, look)
+                                                               : state.Masks.Make(look));
     if (!mask) return false;
     WrapStampMask(tile, mask, wheel.X, wheel.Y, wheel.Color, 255);
     return true;
@@ -286,10 +246,16 @@ bool RunWheel(SkipIntroState& state, SkipWheel& wheel, PackedDib* tile) {
     return true;
 }
 
+/// The tile without a wheel, or null.
+ImageHandle NewTile(SkipIntroState& state) {
+    const raster::Rect all{0, 0, state.TileSize, state.TileSize};
+    const ImageHandle tile = NewSolidImage(all, state.Background);
+    return tile == nullptr && state.DropKept() ? NewSolidImage(all, state.Background) : tile;
+}
+
 /// Frames must be rendered in order and each once: the wheels turn on.
 ImageHandle RenderFrame(StyleContext&, SkipIntroState& state, int) {
-    platform::OwnedBlock image(
-        NewSolidImage({0, 0, state.TileSize, state.TileSize}, state.Background));
+    platform::OwnedBlock image(NewTile(state));
     {
         const LockedImage tile(image.Get());
         if (!tile) return nullptr;

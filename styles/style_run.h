@@ -7,7 +7,11 @@
 //   ImageHandle Render(StyleContext& context, State& state, int frame);
 //
 // and gets its two slots as TestStyle<...> and BuildStyle<...>. State is cleaned
-// up by its own destructor.
+// up by its own destructor. One that keeps pictures which it could make again may have
+//
+//   bool DropKept();   frees them; returns whether there was anything to free
+//
+// and gives way with it, here and in its own steps, where memory gets short.
 #pragma once
 
 #include "controls/spinner.h"
@@ -34,6 +38,16 @@ int TestStyle(StyleContext* context) {
 /// memory, a Build fails at once and not after minutes.
 [[nodiscard]] inline bool HasMemoryForFrames(ImageHandle first, int count) {
     return platform::HasMemoryFor(platform::BlockSize(first) * static_cast<std::size_t>(count));
+}
+
+/// Adds a frame to the list, for which what `state` keeps gives way.
+template <class State>
+[[nodiscard]] bool AddFrame(FrameList* frames, const FrameRecord& record, State& state) {
+    if (FrameListAdd(frames, &record) != 0) return true;
+    if constexpr (requires { state.DropKept(); }) {
+        return state.DropKept() && FrameListAdd(frames, &record) != 0;
+    }
+    return false;
 }
 
 /// How many frames a run of nearly every style has.
@@ -66,7 +80,7 @@ int BuildStyle(StyleContext* context) {
         built =
             record.Image != nullptr && (frame > 0 || HasMemoryForFrames(record.Image, count - 1));
         if (built) record.Delay = Delay(*context, delay);
-        built = built && FrameListAdd(context->Frames, &record) != 0;
+        built = built && AddFrame(context->Frames, record, state);
         if (!built) {
             platform::FreeBlock(record.Image);
         } else {
