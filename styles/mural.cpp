@@ -9,7 +9,9 @@
 // of its distances. A Build takes the tile's size from the target rectangle, which the
 // sample's painting has left in the record; one before any sample fails.
 #include <algorithm>
-#include <limits>
+#include <cstdint>
+#include <iterator>
+#include <utility>
 
 #include "controls/direction_picker.h"
 #include "fills/matrix_control.h"
@@ -39,7 +41,11 @@ StyleParameter parameters[] = {
     {"Style008Scroll", kScroll, Scroll4, 1},
 };
 // clang-format on
-StyleParameter& matrix_parameter = parameters[1];
+
+StyleParameter& MatrixParameter() {
+    return *std::find_if(std::begin(parameters), std::end(parameters),
+                         [](const StyleParameter& row) { return row.ControlId == kMatrix; });
+}
 
 enum ScrollDirection : std::uint32_t {
     kUp = 0,
@@ -82,8 +88,7 @@ bool SetUpFromTarget(StyleContext& context, MuralState& state) {
     const std::int64_t width = std::int64_t{tile->TargetRect.right} - tile->TargetRect.left;
     const std::int64_t depth = std::int64_t{tile->TargetRect.bottom} - tile->TargetRect.top;
     // A crossed rectangle of a document must not wrap to a size that looks right.
-    constexpr std::int64_t kLargest = std::numeric_limits<std::int32_t>::max();
-    if (width > kLargest || depth > kLargest || width < 1 || depth < 1) return false;
+    if (!std::in_range<std::int32_t>(width) || !std::in_range<std::int32_t>(depth)) return false;
     return StyleSetup(context, state, static_cast<std::int32_t>(width),
                       static_cast<std::int32_t>(depth));
 }
@@ -125,15 +130,16 @@ ImageHandle RenderFrame(StyleContext& context, MuralState& state, int frame) {
     }
 }
 
-int FrameCount(const StyleContext&, const MuralState& state) {
-    return state.FrameCount;
+/// What the panel asks for, which can be more than a small tile has.
+int ProgressCount(const StyleContext& context, const MuralState&) {
+    return GetSpinnerValue(context.Dialog, kFrames);
 }
 
 /// Takes the control's selection into the configuration, whether the run succeeded or
 /// failed, so that the last one is what is saved.
 void KeepElement(const StyleContext& context) {
     if (const LockedMatrixTile tile = LockMatrixTile(MatrixControl(context)); tile)
-        matrix_parameter.Value = static_cast<std::uint32_t>(tile->Element);
+        MatrixParameter().Value = static_cast<std::uint32_t>(tile->Element);
 }
 
 int TestMural(StyleContext* context) {
@@ -143,7 +149,8 @@ int TestMural(StyleContext* context) {
 }
 
 int BuildMural(StyleContext* context) {
-    const int result = BuildStyle<MuralState, SetUpFromTarget, RenderFrame, FrameCount>(context);
+    const int result = BuildStyle<MuralState, SetUpFromTarget, RenderFrame, StateFrames<MuralState>,
+                                  ProgressCount>(context);
     KeepElement(*context);
     return result;
 }
