@@ -29,6 +29,8 @@ void BindCheckBox(platform::WindowHandle dialog, int id, std::uint32_t* value);
 void BindChoiceList(platform::WindowHandle dialog, int id, const char* items, std::uint32_t* value);
 /// A combo box of font names; `text` has kBoundTextBytes.
 void BindFontBox(platform::WindowHandle dialog, int id, char* text);
+/// Lets font boxes whose items are drawn by their owner draw them. Windows only.
+void InstallFontBoxView();
 
 /// Updates the binding of control `id` after `notification`, by its class tag; a
 /// colour button runs the host's colour chooser. Returns whether the notification

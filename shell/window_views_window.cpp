@@ -12,6 +12,7 @@
 #include "fills/texture_dialog.h"
 #include "shell/about_dialog.h"
 #include "shell/main_dialog.h"
+#include "shell/value_controls.h"
 #include "shell/window_views.h"
 
 namespace tess {
@@ -29,6 +30,7 @@ void InstallWindowViews() {
     InstallFountainLibraryView();
     InstallMainDialogView();
     InstallAboutView();
+    InstallFontBoxView();
     InstallTextureDialogView();
     InstallCurveGraphView();
 }
