@@ -87,6 +87,7 @@ void ApplyDelayUnit(WindowHandle dialog, bool reset) {
     if (reset) {
         SetDelay(dialog, 10);
         Truecolour = 1;
+        if (HostHas(HostTrueColor)) platform::SetChecked(dialog, kTrueColorBox, true);
     }
 }
 

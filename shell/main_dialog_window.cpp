@@ -26,7 +26,7 @@ void FillMargin(HDC device, const RECT& box, const RECT& picture, ColorWord colo
     HRGN margin = CreateRectRgnIndirect(&box);
     HRGN covered = CreateRectRgnIndirect(&picture);
     CombineRgn(margin, margin, covered, RGN_XOR);
-    HBRUSH brush = CreateSolidBrush(color);
+    HBRUSH brush = CreateSolidBrush(color & 0xFFFFFF);  // the top byte is none of GDI's
     FillRgn(device, margin, brush);
     DeleteObject(brush);
     DeleteObject(covered);

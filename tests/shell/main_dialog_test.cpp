@@ -203,6 +203,18 @@ TEST_F(MainDialogTest, ShiftOnAMillisecondHostSetsDelay10AndTrueColorBehindItsBo
         0);
 }
 
+TEST_F(MainDialogTest, ShiftOnAMillisecondHostWithTrueColorChecksItsBox) {
+    Truecolour = 0;
+    platform::HoldShift(true);
+    InDialog(
+        [](WindowHandle dialog) {
+            EXPECT_EQ(Truecolour, 1u);
+            EXPECT_TRUE(platform::IsChecked(dialog, kTrueColorBox));
+            EXPECT_EQ(MainDelay, 10u);
+        },
+        HostTrueColor);
+}
+
 TEST_F(MainDialogTest, HostWithoutHostCallIsAnInternalError) {
     std::vector<std::string> told;
     platform::SetHeadlessUser(
