@@ -9,6 +9,7 @@
 #include "controls/spinner.h"
 #include "fills/fountain_control.h"
 #include "fills/gradient_preview.h"
+#include "shell/control_contract.h"
 
 namespace tess {
 
@@ -17,7 +18,7 @@ namespace {
 using platform::Notification;
 using platform::WindowHandle;
 
-constexpr int kOkButton = 1, kCancelButton = 2, kHelpButton = 9;
+constexpr int kOkButton = 1;
 constexpr int kLeastMidpoint = 1, kMiddle = 50, kLargestMidpoint = 99;
 constexpr int kLargestRotation = 360, kLargestOffset = 50;
 constexpr int kSampleButtons[] = {kLinearButton, kEllipticalButton, kRectangularButton,
@@ -96,7 +97,7 @@ void CheckRadio(WindowHandle dialog) {
 
 void Open(WindowHandle dialog, Gradient* gradient) {
     edited = gradient;
-    for (const int button : {kOkButton, kCancelButton, kHelpButton})
+    for (const int button : {kOkButton, int{kCancelButton}, int{kHelpButton}})
         SkinButton(dialog, button);
     for (const int edit : {kCenterXEdit, kCenterYEdit}) {
         platform::SetControlText(dialog, edit + kCompanionOffset, "-50,50,0");

@@ -4,7 +4,6 @@
 
 #include <array>
 #include <cstdint>
-#include <span>
 
 #include "fills/gradient.h"
 #include "platform/dialog.h"
@@ -38,7 +37,7 @@ struct PreviewMarker {
 /// angle is a cheap one, true at multiples of 45 degrees alone.
 [[nodiscard]] int RotationAt(platform::PixelSize client, PreviewPoint point);
 
-/// The centre at `point`, in percent from the middle: -49 or less to 50.
+/// The centre at `point`, in percent from the middle: about -51 to 50.
 [[nodiscard]] PreviewPoint CenterAt(platform::PixelSize client, PreviewPoint point);
 
 /// The marker of a drag that is at `point`; `rotation` in degrees.

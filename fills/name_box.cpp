@@ -1,6 +1,7 @@
 #include "fills/name_box.h"
 
 #include "controls/skinned_button.h"
+#include "shell/control_contract.h"
 
 namespace tess {
 
@@ -8,7 +9,7 @@ namespace {
 
 using platform::WindowHandle;
 
-constexpr int kOkButton = 1, kCancelButton = 2, kNameEdit = 101;
+constexpr int kOkButton = 1, kNameEdit = 101;
 constexpr int kMostCharacters = 260;
 
 void OpenNameBox(WindowHandle dialog, std::string* name) {

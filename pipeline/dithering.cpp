@@ -58,21 +58,30 @@ void SpreadDown(std::int16_t* next, const Error& error, int x, int width) {
     add(next[2], (error.Blue * 5) >> 4);
 }
 
-/// Dithers one row. `current` holds what the row below left for this one, `next`
-/// gets what is left for the one above.
-void DitherRow(PaletteSearch& search, const std::uint8_t* palette, const std::uint8_t* colors,
-               const std::int16_t* current, std::int16_t* next, std::uint8_t* indexes, int width) {
+/// One row, `Width` pixels of three channels each.
+struct DitheredRow {
+    const std::uint8_t* Colors;
+    const std::int16_t* Current;  ///< what the row below left for this one
+    std::int16_t* Next;           ///< gets what is left for the one above
+    std::uint8_t* Indexes;        ///< gets a palette index a pixel
+    int Width;
+};
+
+void DitherRow(PaletteSearch& search, const std::uint8_t* palette, const DitheredRow& row) {
+    const std::uint8_t* colors = row.Colors;
+    const std::int16_t* current = row.Current;
+    std::int16_t* next = row.Next;
     Error carried{0, 0, 0};  // the left neighbour's share, in whole steps
-    for (int x = 0; x < width; ++x, colors += 3, current += 3, next += 3) {
+    for (int x = 0; x < row.Width; ++x, colors += 3, current += 3, next += 3) {
         const int red = ClampToByte(current[0] + colors[0] + carried.Red);
         const int green = ClampToByte(current[1] + colors[1] + carried.Green);
         const int blue = ClampToByte(current[2] + colors[2] + carried.Blue);
         const int index = search.IndexOf(MakeColor(red, green, blue));
-        indexes[x] = static_cast<std::uint8_t>(index);
+        row.Indexes[x] = static_cast<std::uint8_t>(index);
         const std::uint8_t* entry = palette + std::ptrdiff_t{3} * index;
         const Error error{red - entry[0], green - entry[1], blue - entry[2]};
         carried = {(error.Red * 7) >> 4, (error.Green * 7) >> 4, (error.Blue * 7) >> 4};
-        SpreadDown(next, error, x, width);
+        SpreadDown(next, error, x, row.Width);
     }
 }
 
@@ -90,8 +99,8 @@ int DitherToColors(const PackedDib* source, PackedDib* image, const std::uint8_t
     ReadColorTable(source, source_palette);
     for (int y = source->Height - 1; y >= 0; --y) {
         ReadColorRow(source, y, source_palette, row.data());
-        DitherRow(search, palette, row.data(), current.data(), next.data(), indexes.data(),
-                  source->Width);
+        DitherRow(search, palette,
+                  {row.data(), current.data(), next.data(), indexes.data(), source->Width});
         WriteIndexRow(image, y, indexes.data());
         std::swap(current, next);
         std::fill(next.begin(), next.end(), std::int16_t{0});

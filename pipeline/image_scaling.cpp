@@ -1,5 +1,5 @@
-// ScaleImage: the kernel by whether the area grows; an intermediate picture in
-// the order of passes that touches fewer pixels; each pass weighs the source's
+// ScaleImage: the kernel by whether the area grows; an intermediate picture between
+// two passes, whose order is a rule of its own; each pass weighs the source's
 // lines (pipeline/scaling_weights.h) and sums (pipeline/weighted_sums.h). Passes
 // keep 8 bits between them. Weights are worked out for a run of target lines at a
 // time, so that they stay small beside the pictures.

@@ -16,7 +16,7 @@ struct GifImageDescriptor {
 };
 inline constexpr std::uint8_t kGifInterlaced = 0x40;
 
-/// Slots of the dictionary: at most 4096 strings, so it is never half full by much.
+/// Slots of the dictionary, which holds fewer than 4096 strings and so is never half full.
 inline constexpr std::size_t kLzwSlots = 8192;
 inline constexpr std::size_t kLzwBufferBytes = 259;
 /// Codes have 12 bits at most, so there are no more of them than this.

@@ -104,8 +104,8 @@ void PostToWindow(WindowHandle window, std::uint32_t message, std::uintptr_t w, 
 std::intptr_t SendToWindow(WindowHandle window, std::uint32_t message, std::uintptr_t w,
                            std::intptr_t l);
 
-// --- Controls by id. For an id that the dialog does not have, the queries return
-//     0 or empty and the rest does nothing.
+// Controls by id. For an id that the dialog does not have, the queries return
+// 0 or empty and the rest does nothing.
 
 /// Returns the control, or null.
 [[nodiscard]] WindowHandle Control(WindowHandle dialog, int id);

@@ -60,7 +60,7 @@ struct LogFont {
     std::int32_t Width, Escapement, Orientation, Weight;
     std::uint8_t Italic, Underline, StrikeOut, CharSet;
     std::uint8_t OutPrecision, ClipPrecision, Quality, PitchAndFamily;
-    char FaceName[32];  ///< in the ANSI code page
+    char FaceName[32];  ///< in the ANSI code page, natively Windows-1252
 };
 static_assert(sizeof(LogFont) == 60);
 
@@ -68,7 +68,6 @@ static_assert(sizeof(LogFont) == 60);
 /// HDC; natively a `TextSurface` (platform/cairo/text_surface.h).
 struct TextTarget;
 
-/// A piece of text as it is drawn. Natively the ANSI code page is Windows-1252.
 struct TextSize {
     float Width, Height;
 };

@@ -42,7 +42,6 @@ constexpr Pen InsideFramePen(int width, Color color) {
 }
 inline constexpr Pen kNullPen{PenStyle::None, 0, 0};
 inline constexpr Pen kBlackPen{PenStyle::Solid, 0, 0x000000};
-inline constexpr Pen kWhitePen{PenStyle::Solid, 0, 0xFFFFFF};
 
 struct Brush {
     bool paints;

@@ -15,8 +15,8 @@ inline constexpr int kLogoResource = 9001;
 inline constexpr int kLogoSide = 50;  ///< pixels, of one picture
 inline constexpr int kLogoFrames = 36;
 inline constexpr int kLogoControlSide = kLogoSide + 2;
-inline constexpr std::uintptr_t kLogoTimer = 99;
-inline constexpr unsigned kLogoInterval = 60;  ///< milliseconds
+inline constexpr int kLogoTimer = 99;
+inline constexpr int kLogoInterval = 60;  ///< milliseconds
 
 /// A logo that is shown.
 struct Logo {
@@ -43,7 +43,8 @@ struct LogoPlace {
 }
 
 /// Repaints the logo in control `id` when `w` is the number of its timer, in whatever
-/// message: a repaint too many does no harm.
+/// message: a repaint too many does no harm. The dialog's procedure asks it, and its view
+/// for the messages that the procedure is not sent.
 void StepLogo(platform::WindowHandle dialog, int id, std::uintptr_t w);
 
 // Windows only: the logo in control `id` of a dialog, from its opening to its end.

@@ -27,11 +27,11 @@ void StartLogo(platform::WindowHandle dialog, int id) {
     platform::SetUserData(platform::HandleOf(control), block.Release());
     SetWindowPos(control, nullptr, 0, 0, kLogoControlSide, kLogoControlSide,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    SetTimer(platform::WindowOf(dialog), kLogoTimer, kLogoInterval, nullptr);
+    platform::StartTimer(dialog, kLogoTimer, kLogoInterval);
 }
 
 void StopLogo(platform::WindowHandle dialog, int id) {
-    KillTimer(platform::WindowOf(dialog), kLogoTimer);
+    platform::StopTimer(dialog, kLogoTimer);
     HWND control = platform::WindowOf(platform::Control(dialog, id));
     if (control == nullptr) return;
     const platform::OwnedBlock block(LogoBlock(control));

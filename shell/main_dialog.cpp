@@ -293,9 +293,10 @@ Sample RenderSample(WindowHandle dialog, int width, int height) {
     context.SampleHeight = height;
     Sample sample{nullptr, 0, 0, MarginColor(BackgroundQuery(style, dialog, 0))};
     if (style.Test(&context) == 0) return sample;
-    const LockedImage image(context.Result);
+    platform::OwnedBlock picture(context.Result);
+    const LockedImage image(picture.Get());
     if (!image) return sample;
-    sample.Image = context.Result;
+    sample.Image = picture.Release();
     sample.OffsetX = (width - image->Width) / 2;
     sample.OffsetY = (height - image->Height) / 2;
     char size[64];

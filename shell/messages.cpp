@@ -1,5 +1,6 @@
 // Texts of the string table and messages to the user.
-#include <cstring>
+#include <algorithm>
+#include <iterator>
 #include <string_view>
 
 #include "controls/skinned_button.h"
@@ -11,8 +12,8 @@ namespace tess {
 namespace {
 
 constexpr int kMessageText = 101;
-constexpr int kFocusedButton = 1;
-constexpr int kYesButton = 6;
+constexpr int kOkButton = 1, kYesButton = 6;
+constexpr int kButtons[] = {kOkButton, 2, kYesButton, 7};  // OK, Cancel, Yes, No
 
 /// The procedure of the three message templates: shows the text that it is given,
 /// and ends with the number of whichever button is pressed.
@@ -20,23 +21,17 @@ std::intptr_t MessageProcedure(platform::WindowHandle dialog, std::uint32_t mess
                                std::uintptr_t w, std::intptr_t l) {
     if (message == platform::kMessageOpen) {
         platform::SetControlText(dialog, kMessageText, reinterpret_cast<const char*>(l));
-        for (const int button : {1, 2, kYesButton, 7})
+        for (const int button : kButtons)
             SkinButton(dialog, button);
-        platform::FocusControl(dialog, kFocusedButton);
+        platform::FocusControl(dialog, kOkButton);
         platform::CenterOnScreen(dialog);
         return 1;
     }
     if (message == platform::kMessageCommand) {
-        switch (const int id = platform::CommandId(w)) {
-            case 1:  // OK
-            case 2:  // Cancel
-            case kYesButton:
-            case 7:  // No
-                platform::EndDialog(dialog, id);
-                return 1;
-            default:
-                return 0;
-        }
+        const int id = platform::CommandId(w);
+        if (std::find(std::begin(kButtons), std::end(kButtons), id) == std::end(kButtons)) return 0;
+        platform::EndDialog(dialog, id);
+        return 1;
     }
     return 0;
 }

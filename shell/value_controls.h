@@ -33,8 +33,9 @@ void BindFontBox(platform::WindowHandle dialog, int id, char* text);
 void InstallFontBoxView();
 
 /// Updates the binding of control `id` after `notification`, by its class tag; a
-/// colour button runs the host's colour chooser. Returns whether the notification
-/// is one on which such a control acts: then a sample has to be repainted.
+/// colour button runs the host's colour chooser. Returns whether a sample has to be
+/// repainted: not when the control does not act on the notification, or the chooser was
+/// cancelled; always for a control with a tag of its own, which acts by itself.
 bool UpdateBinding(platform::WindowHandle dialog, int id, platform::Notification notification);
 
 }  // namespace tess

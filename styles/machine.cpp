@@ -90,7 +90,8 @@ ImageHandle MakeCornerMask(const MachineState& state, int corner) {
     return drawing.TakeScaled(25);
 }
 
-/// In degrees, 0 to 360, in single precision at every step.
+/// In degrees, 0 to 360. Each step is computed in double precision and rounded to
+/// single; the quotient alone is single from the start.
 float DirectionOf(int dx, int dy) {
     constexpr double kDegrees = 57.29577951308232;
     if (dx == 0) return dy > 0 ? 270.0F : 90.0F;

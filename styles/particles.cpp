@@ -131,8 +131,9 @@ bool StyleSetup(StyleContext& context, ParticleState& state) {
     return static_cast<bool>(state.Particles);
 }
 
-/// Where the ball's upper left corner is, not folded into the tile. All of it in single
-/// precision.
+/// Where the ball's upper left corner is, not folded into the tile. Degrees, cosine and
+/// sine are computed in double precision; the cosine and the sine are rounded to single,
+/// in which the rest is.
 raster::Point PlaceOf(const ParticleState& state, const ParticleRecord& particle, int frame) {
     const float part = static_cast<float>(frame) / static_cast<float>(state.FrameCount);
     const double degrees = static_cast<double>(part) * 360.0 + particle.StartAngle;

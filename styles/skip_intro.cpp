@@ -222,10 +222,10 @@ bool StampWheel(SkipIntroState& state, const SkipWheel& wheel, int peak, PackedD
     return true;
 }
 
-/// Moves a drawn wheel on. Ticks start at random, so a wheel rises and holds for
-/// shorter, and falls for longer, than its timetable says. A wheel whose life has
-/// ended wakes again a frame later, since its delay is spent, and so on in turns,
-/// at level 0. All this is meant as it stands.
+/// Moves a drawn wheel on. The ticks that bound its phases count from a random start,
+/// so a wheel rises for shorter and falls for longer than its timetable says, each by
+/// that start. A wheel whose life has ended wakes again a frame later, since its delay
+/// is spent, and so on in turns, at level 0. All this is meant as it stands.
 void AdvanceWheel(SkipWheel& wheel) {
     ++wheel.Tick;
     if (wheel.Tick >= wheel.HoldTick) wheel.Fade = kHolding;

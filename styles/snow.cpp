@@ -5,8 +5,9 @@
 // A flake's six arms are one segment each, turned by 60 degrees. A segment P to Q
 // throws two side branches from a point A on it, at an angle to both sides, each a
 // fraction of the segment long, and they do the same down to a limit of depth. A
-// branching flake draws every segment; a subdividing one also goes into the halves
-// P to A and A to Q, and draws the last side branches alone, which looks feathered.
+// branching flake draws every segment; a subdividing one also goes into both parts
+// of the segment, P to A and A to Q, and draws the last side branches alone, which
+// looks feathered.
 //
 // The loop closes by position, one, two or four falls through the tile, and by
 // angle, one sway.

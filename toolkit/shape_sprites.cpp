@@ -11,7 +11,6 @@ namespace {
 using platform::LineJoin;
 using platform::Smoothing;
 using platform::VectorDrawing;
-using platform::VectorPen;
 
 constexpr platform::Argb kOpaqueBlack = 0xFF000000;
 constexpr std::size_t kMostCharacters = 260;
