@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
+
+#include "pipeline/pixel_rows.h"
 
 namespace tess {
 
@@ -22,10 +25,11 @@ std::uint64_t Difference(const std::uint8_t* a, const std::uint8_t* b, std::size
 void AddFigures(const platform::WorkArray<std::uint64_t>& steps, double crossed,
                 JoinFigures* figures) {
     const std::size_t inside = steps.size() - 1;
+    const std::size_t beside = inside > 2 ? 1 : 0;
     std::uint64_t sum = 0, most = 0;
     for (std::size_t i = 0; i < inside; ++i) {
         sum += steps[i];
-        most = std::max(most, steps[i]);
+        if (i >= beside && i + beside < inside) most = std::max(most, steps[i]);
     }
     figures->Join += static_cast<double>(steps[inside]) / crossed;
     figures->InsideMost += static_cast<double>(most) / crossed;
@@ -48,14 +52,28 @@ SeamMeter::SeamMeter(int width, int height)
       height_(height),
       first_(kChannels * static_cast<std::size_t>(width) * static_cast<std::size_t>(height)),
       last_(first_.size()),
+      frame_(first_.size()),
       columns_(static_cast<std::size_t>(width)),
       rows_(static_cast<std::size_t>(height)) {}
 
 SeamMeter::operator bool() const {
-    return first_ && last_ && columns_ && rows_;
+    return first_ && last_ && frame_ && columns_ && rows_;
 }
 
 void SeamMeter::AddFrame(const std::uint8_t* pixels) {
+    std::memcpy(frame_.data(), pixels, frame_.size());
+    Add();
+}
+
+void SeamMeter::AddPicture(const PackedDib* image) {
+    const std::size_t row_bytes = kChannels * static_cast<std::size_t>(width_);
+    for (int y = 0; y < height_; ++y)
+        ReadColorRow(image, y, nullptr, frame_.data() + static_cast<std::size_t>(y) * row_bytes);
+    Add();
+}
+
+void SeamMeter::Add() {
+    const std::uint8_t* pixels = frame_.data();
     const auto width = static_cast<std::size_t>(width_), height = static_cast<std::size_t>(height_);
     const std::size_t row_bytes = kChannels * width;
     std::fill_n(columns_.data(), width, 0);
@@ -78,7 +96,7 @@ void SeamMeter::AddFrame(const std::uint8_t* pixels) {
         frame_sum_ += step;
         frame_most_ = std::max(frame_most_, step);
     }
-    std::memcpy(last_.data(), pixels, last_.size());
+    std::swap(last_, frame_);
     ++frames_;
 }
 

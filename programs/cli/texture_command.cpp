@@ -8,9 +8,9 @@
 #include "programs/cli/commands.h"
 #include "programs/cli/group_files.h"
 #include "programs/cli/output_format.h"
+#include "programs/cli/seam_report.h"
 #include "programs/cli/session.h"
 #include "programs/cli/values.h"
-#include "toolkit/seam.h"
 
 namespace tess {
 namespace {
@@ -84,22 +84,7 @@ bool FindItem(TextureGroupReader& reader, const std::string& wanted, NamedTextur
     return is_found;
 }
 
-void WriteSteps(JsonWriter& json, const char* key, const SeamSteps& steps) {
-    json.Key(key);
-    json.BeginObject();
-    json.Key("joins");
-    json.Boolean(JoinsItself(steps));
-    json.Key("seam");
-    json.Decimal(steps.Seam);
-    json.Key("mean");
-    json.Decimal(steps.Mean);
-    json.Key("largest");
-    json.Decimal(steps.Largest);
-    json.EndObject();
-}
-
-void TellAsJson(const NamedTexture& texture, const PackedDib* image) {
-    const PictureSeams seams = MeasureSeams(image);
+void TellAsJson(const NamedTexture& texture, const PackedDib* image, const SeamFigures& seams) {
     JsonWriter json(stdout);
     json.BeginObject();
     WriteItem(json, texture);
@@ -109,24 +94,16 @@ void TellAsJson(const NamedTexture& texture, const PackedDib* image) {
     json.Number(image->Height);
     json.Key("tiles");
     json.Boolean(TextureTiles(texture.item.TextureType, image->Width, image->Height));
-    WriteSteps(json, "columns", seams.Columns);
-    WriteSteps(json, "rows", seams.Rows);
+    WriteJoins(json, seams, kPictureJoins);
     json.EndObject();
 }
 
-void PrintSteps(const char* sides, const SeamSteps& steps) {
-    std::printf("%-14s %s: a step of %.1f, inside %.1f in the mean and %.1f at most\n", sides,
-                JoinsItself(steps) ? "join" : "do not join", steps.Seam, steps.Mean, steps.Largest);
-}
-
-void Tell(const NamedTexture& texture, const PackedDib* image) {
-    const PictureSeams seams = MeasureSeams(image);
+void Tell(const NamedTexture& texture, const PackedDib* image, const SeamFigures& seams) {
     const bool tiles = TextureTiles(texture.item.TextureType, image->Width, image->Height);
     std::printf("%s: %s\n", texture.name.c_str(), KindOf(texture.item));
-    std::printf("at %d x %d it %s by its kind, which tiles at %s\n", image->Width, image->Height,
+    std::printf("at %d x %d it %s by its kind, which tiles at %s\n\n", image->Width, image->Height,
                 tiles ? "tiles" : "does not tile", TilesText(texture.item));
-    PrintSteps("left and right", seams.Columns);
-    PrintSteps("top and bottom", seams.Rows);
+    PrintJoins(seams, kPictureJoins);
 }
 
 int RunItem(const Request& request, TextureGroupReader& reader) {
@@ -147,10 +124,17 @@ int RunItem(const Request& request, TextureGroupReader& reader) {
                                                                        : "unknown kind"));
         return kFailed;
     }
-    if (request.Json) {
-        TellAsJson(texture, image);
-    } else if (request.Output.empty()) {
-        Tell(texture, image);
+    if (!request.Output.empty()) {
+        if (const int status = CheckPictureOutput(request.Output); status != kDone) return status;
+    }
+    if (request.Json || request.Output.empty()) {
+        SeamMeter meter(image->Width, image->Height);
+        if (!meter) {
+            TellUser(ShownText(texture.name) + " cannot be measured: memory is short");
+            return kFailed;
+        }
+        meter.AddPicture(image);
+        (request.Json ? TellAsJson : Tell)(texture, image, meter.Figures());
     }
     return request.Output.empty() ? kDone : WritePicture(picture.Get(), request.Output);
 }
@@ -159,12 +143,9 @@ int RunItem(const Request& request, TextureGroupReader& reader) {
 
 int RunTexture(const Request& request) {
     const std::string group = request.Operands.empty() ? kProvidedGroup : request.Operands[0];
-    if (!request.Output.empty()) {
-        if (request.Operands.size() < 2) {
-            TellUser("-o needs the texture to render: 'tessellomatics texture GROUP ITEM -o FILE'");
-            return kWrongUse;
-        }
-        if (const int status = CheckPictureOutput(request.Output); status != kDone) return status;
+    if (!request.Output.empty() && request.Operands.size() < 2) {
+        TellUser("-o needs the texture to render: 'tessellomatics texture GROUP ITEM -o FILE'");
+        return kWrongUse;
     }
     const std::string path = FindGroupFile(group, kExtension);
     if (path.empty()) {

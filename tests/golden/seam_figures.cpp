@@ -10,7 +10,6 @@
 #include <string>
 
 #include "host/seams.h"
-#include "pipeline/pixel_rows.h"
 #include "tests/golden/style_settings.h"
 
 namespace tess::test {
@@ -48,16 +47,11 @@ int Measure(const FrameList& frames, SeamFigures* figures) {
     }
     if (width < 1 || height < 1) return 0;
     SeamMeter meter(width, height);
-    const std::size_t row_bytes = std::size_t{3} * static_cast<std::size_t>(width);
-    platform::WorkArray<std::uint8_t> pixels(row_bytes * static_cast<std::size_t>(height));
-    if (!meter || !pixels) return 0;
+    if (!meter) return 0;
     for (int i = 0; i < frames.Count; ++i) {
         const LockedImage image(records.Get()[i].Image);
         if (!image || image->Width != width || image->Height != height) return 0;
-        for (int y = 0; y < height; ++y)
-            ReadColorRow(image.Get(), y, nullptr,
-                         pixels.data() + static_cast<std::size_t>(y) * row_bytes);
-        meter.AddFrame(pixels.data());
+        meter.AddPicture(image);
     }
     *figures = meter.Figures();
     return 1;

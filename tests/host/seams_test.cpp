@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <vector>
 
+#include "tests/support/image_bytes.h"
+
 namespace tess {
 namespace {
 
@@ -48,9 +50,26 @@ TEST(Seams, FramesAreSteppedInTimeAndTheLastIsJoinedToTheFirst) {
 TEST(Seams, HighestStepInsideIsEachFramesOwn) {
     // The edge stands in another column in each frame.
     const JoinFigures columns =
-        Measure(4, 1, {Grey({0, 60, 60, 60}), Grey({0, 0, 80, 80})}).Columns;
+        Measure(5, 1, {Grey({0, 0, 60, 60, 60}), Grey({0, 0, 0, 80, 80})}).Columns;
     EXPECT_DOUBLE_EQ(columns.InsideMost, 70);
     EXPECT_DOUBLE_EQ(columns.Join, 70);
+}
+
+TEST(Seams, BorderOfThePicturesOwnIsNoStepOfTheInside) {
+    const JoinFigures columns = Measure(5, 1, {Grey({0, 100, 101, 100, 100})}).Columns;
+    EXPECT_DOUBLE_EQ(columns.InsideMost, 1);
+    EXPECT_TRUE(HasSeam(columns));
+    EXPECT_DOUBLE_EQ(Measure(3, 1, {Grey({0, 100, 100})}).Columns.InsideMost, 100);
+}
+
+TEST(Seams, PictureIsMeasuredAsItsPixelsAre) {
+    SeamMeter meter(2, 2);
+    ASSERT_TRUE(meter);
+    const platform::OwnedBlock picture(ImageOf(2, {0x000000, 0x0000FF, 0x000000, 0x000000}));
+    const LockedImage image(picture.Get());
+    meter.AddPicture(image);
+    EXPECT_DOUBLE_EQ(meter.Figures().Columns.Join, 255.0 / 6);
+    EXPECT_DOUBLE_EQ(meter.Figures().Rows.Join, 255.0 / 6);
 }
 
 TEST(Seams, ChannelsCountAlike) {

@@ -203,14 +203,9 @@ TEST_F(DefaultTiles, JoinThemselvesNoMoreRoughlyThanTheyRunInside) {
     for (int i = 0; i < group_.Count(); ++i) {
         const LockedImage image(group_.Element(i));
         ASSERT_TRUE(image);
-        const auto row_bytes = std::size_t{3} * static_cast<std::size_t>(image->Width);
-        std::vector<std::uint8_t> pixels(row_bytes * static_cast<std::size_t>(image->Height));
-        for (int y = 0; y < image->Height; ++y)
-            ReadColorRow(image.Get(), y, nullptr,
-                         pixels.data() + static_cast<std::size_t>(y) * row_bytes);
         SeamMeter meter(image->Width, image->Height);
         ASSERT_TRUE(meter);
-        meter.AddFrame(pixels.data());
+        meter.AddPicture(image);
         const SeamFigures figures = meter.Figures();
         EXPECT_LE(figures.Columns.Join, figures.Columns.InsideMost) << i;
         EXPECT_LE(figures.Rows.Join, figures.Rows.InsideMost) << i;
