@@ -71,6 +71,10 @@ private:
 /// Returns 0 on failure.
 [[nodiscard]] int CopyFileTo(std::string_view from, std::string_view to);
 
+/// Makes the folder of a full path, and those above it, where they are missing. Returns 0
+/// when it is not there then.
+[[nodiscard]] int MakeFolder(std::string_view path);
+
 /// Removes a file if it is there. Returns 0 when it still is.
 int RemoveFile(std::string_view path);
 

@@ -4,7 +4,10 @@
 #include <cerrno>
 #include <cstdlib>
 #include <dirent.h>
+#include <filesystem>
 #include <strings.h>
+#include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 
 #include "platform/files.h"
@@ -61,6 +64,12 @@ std::vector<std::string> ListFolder(const std::string& folder, std::string_view 
     closedir(directory);
     std::sort(names.begin(), names.end());
     return names;
+}
+
+int MakeFolder(std::string_view path) {
+    std::error_code error;
+    std::filesystem::create_directories(path, error);
+    return !error && std::filesystem::is_directory(path, error) ? 1 : 0;
 }
 
 unsigned long ProcessNumber() {

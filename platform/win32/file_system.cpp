@@ -86,6 +86,15 @@ int MoveToRecycleBin(std::string_view path) {
     return SHFileOperationA(&operation) == 0 && !operation.fAnyOperationsAborted ? 1 : 0;
 }
 
+int MakeFolder(std::string_view path) {
+    const std::string folder(path.substr(0, path.find_last_not_of("\\/") + 1));
+    SHCreateDirectoryExA(nullptr, folder.c_str(), nullptr);
+    const DWORD attributes = GetFileAttributesA(folder.c_str());
+    const bool is_folder =
+        attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    return is_folder ? 1 : 0;
+}
+
 unsigned long ProcessNumber() {
     return GetCurrentProcessId();
 }

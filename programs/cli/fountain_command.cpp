@@ -11,7 +11,6 @@
 #include "programs/cli/fountain_text.h"
 #include "programs/cli/output_format.h"
 #include "programs/cli/session.h"
-#include "programs/cli/user_folders.h"
 #include "programs/cli/values.h"
 
 namespace tess {
@@ -191,7 +190,7 @@ int AddFountain(const Request& request) {
         return ReadLibrary(request, &entries);
     }
     if (IsUsersLibrary(request)) {
-        if (const int made = MakeUserFolders(); made != kDone) return made;
+        if (const int made = PrepareUserFolders(); made != kDone) return made;
     }
     if (AppendToFountainLibrary(path, fountain) == 0) return Fail(path + ": cannot be written");
     if (!request.Quiet) std::printf("%zu\n", entries.size());

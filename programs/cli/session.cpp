@@ -9,7 +9,7 @@
 #include "programs/cli/progress_bar.h"
 #include "programs/cli/settings.h"
 #include "programs/cli/tile_settings.h"
-#include "programs/cli/user_folders.h"
+#include "programs/user_folders.h"
 #include "shell/configuration.h"
 #include "shell/control_contract.h"
 #include "shell/main_dialog.h"
@@ -223,7 +223,7 @@ int RunSession(const Request& asked, Wish wish, int style, Session* session) {
     const bool true_color = request.HostTrueColor.value_or(
         wish != Wish::Preview || request.HostUnit == DelayUnit::Milliseconds);
     if (request.Saves) {
-        if (const int status = MakeUserFolders(); status != kDone) return status;
+        if (const int status = PrepareUserFolders(); status != kDone) return status;
     }
     ProgressBar bar(request.Quiet);
     OpenHost(&session->Host, request.HostUnit, true_color);
@@ -248,6 +248,14 @@ int RunSession(const Request& asked, Wish wish, int style, Session* session) {
 
 void TellUser(const std::string& text) {
     std::fprintf(stderr, "tessellomatics: %s\n", text.c_str());
+}
+
+int PrepareUserFolders() {
+    if (MakeUserFolders()) return kDone;
+    const std::string folder = platform::PluginFile("");
+    TellUser(folder.empty() ? "there is no folder for saved values; set HOME or XDG_DATA_HOME"
+                            : folder + ": the folder for saved values cannot be made");
+    return kFailed;
 }
 
 void AnswerMessages(std::vector<std::string>* messages) {

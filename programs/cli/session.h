@@ -37,6 +37,10 @@ struct Session {
 /// "tessellomatics: " and the text, as a line on standard error.
 void TellUser(const std::string& text);
 
+/// Makes the user's folders, as the first values are saved: a command line has no
+/// installation that would. Returns kDone, or another exit status after telling the user.
+[[nodiscard]] int PrepareUserFolders();
+
 /// Answers every message box that is shown from now on, keeping its text.
 void AnswerMessages(std::vector<std::string>* messages);
 /// Ends that; returns kFailed after telling the user of what was kept, else kDone.

@@ -15,7 +15,6 @@
 #include "programs/cli/picture_file.h"
 #include "programs/cli/session.h"
 #include "programs/cli/tile_settings.h"
-#include "programs/cli/user_folders.h"
 #include "programs/cli/values.h"
 #include "programs/default_groups.h"
 
@@ -206,7 +205,7 @@ std::string PathToChange(const std::string& name) {
 int ChangeGroup(const Request& request) {
     const std::string& name = request.Operands.front();
     if (!IsPath(name)) {
-        if (const int status = MakeUserFolders(); status != kDone) return status;
+        if (const int status = PrepareUserFolders(); status != kDone) return status;
     }
     const std::string path = PathToChange(name);
     MatrixGroup group;

@@ -8,10 +8,9 @@
 #include <vector>
 
 #include "host/host_arguments.h"
-#include "programs/default_groups.h"
 #include "programs/tilehost/host_window.h"
 #include "programs/tilehost/plugin_library.h"
-#include "programs/tilehost/user_folders.h"
+#include "programs/user_folders.h"
 
 namespace {
 
@@ -61,6 +60,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int show) {
     const std::string plugin =
         arguments.Plugin.empty() ? OwnFolder() + tess::kPluginFileName : arguments.Plugin;
     if (arguments.Check) return CheckPlugin(plugin);
-    if (tess::MakeUserFolders()) tess::CopyProvidedGroups();
+    // Without them nothing is kept, and the plug-in says so where it matters.
+    [[maybe_unused]] const bool made = tess::MakeUserFolders();
     return tess::RunHostWindow(plugin, show);
 }

@@ -227,4 +227,18 @@ TEST_F(Files, RemovedFileIsGone) {
     EXPECT_EQ(FileCount(), 0);
 }
 
+TEST_F(Files, FolderIsMadeWithThoseAboveIt) {
+    const std::string folder = PathOf("above") + platform::kPathSeparator + "below";
+    EXPECT_EQ(platform::MakeFolder(folder + platform::kPathSeparator), 1);
+    EXPECT_TRUE(fs::is_directory(folder));
+    EXPECT_EQ(platform::MakeFolder(folder), 1);  // it is there
+}
+
+TEST_F(Files, FolderIsNotMadeInThePlaceOfAFile) {
+    Write("a", "text");
+    EXPECT_EQ(platform::MakeFolder(PathOf("a")), 0);
+    EXPECT_EQ(platform::MakeFolder(PathOf("a") + platform::kPathSeparator + "below"), 0);
+    EXPECT_EQ(platform::MakeFolder(""), 0);
+}
+
 }  // namespace

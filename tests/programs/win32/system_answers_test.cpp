@@ -7,7 +7,7 @@
 #include "host/bmp_file.h"
 #include "platform/files.h"
 #include "programs/tilehost/system_dialogs.h"
-#include "programs/tilehost/user_folders.h"
+#include "programs/user_folders.h"
 #include "tests/support/scratch_folder.h"
 
 namespace tess::test {
@@ -22,9 +22,10 @@ TEST(UserFolders, BothAreMadeOnce) {
     platform::SetUserFolder("");
 }
 
-TEST(UserFolders, PlaceThatIsNotThereIsAFailure) {
+TEST(UserFolders, PlaceThatIsAFileIsAFailure) {
     const ScratchFolder folder;
-    platform::SetUserFolder(folder.File("missing"));
+    std::fclose(platform::OpenFile(folder.File("file"), "wb"));
+    platform::SetUserFolder(folder.File("file"));
     EXPECT_FALSE(MakeUserFolders());
     platform::SetUserFolder("");
 }
