@@ -20,9 +20,9 @@ public:
     ~GifPlayer();
 
     /// False when it could not be read; Problem then says why.
-    explicit operator bool() const { return problem_ == nullptr; }
-    /// The end of a sentence that begins with the path.
-    [[nodiscard]] const char* Problem() const { return problem_; }
+    explicit operator bool() const { return problem_.empty(); }
+    /// What is wrong, to stand behind the path and a colon.
+    [[nodiscard]] const std::string& Problem() const { return problem_; }
 
     [[nodiscard]] int Width() const;
     [[nodiscard]] int Height() const;
@@ -40,7 +40,7 @@ private:
     void DisposeOfLast();
 
     GifFileType* file_;
-    const char* problem_ = nullptr;
+    std::string problem_;
     int next_ = 0;
     int delay_ = 0;
     int last_disposal_ = 0;

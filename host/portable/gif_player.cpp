@@ -1,6 +1,7 @@
 #include "host/gif_player.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <gif_lib.h>
 
@@ -9,6 +10,8 @@ namespace tess {
 namespace {
 
 constexpr std::size_t kChannels = 3;
+constexpr char kDamaged[] = "is a damaged GIF, or is cut off";
+constexpr char kShortOfMemory[] = "needs more memory than there is";
 
 /// Calls `take` with each pixel of the image that is on the screen: its offset there
 /// and its index.
@@ -29,24 +32,34 @@ void ForEachPixel(const GifFileType& file, const SavedImage& image, Take take) {
     }
 }
 
+/// Why a file could not be opened; `reason` is the system's, 0 where it gave none.
+std::string ProblemOf(int error, int reason) {
+    if (error == D_GIF_ERR_NOT_ENOUGH_MEM) return kShortOfMemory;
+    const bool was_not_read = error == D_GIF_ERR_OPEN_FAILED || error == D_GIF_ERR_READ_FAILED;
+    if (was_not_read && reason != 0) return std::string("cannot be read: ") + std::strerror(reason);
+    // A file without the six bytes that a GIF begins with counts as not read, too.
+    return was_not_read || error == D_GIF_ERR_NOT_GIF_FILE ? "is no GIF" : kDamaged;
+}
+
 }  // namespace
 
 GifPlayer::GifPlayer(const std::string& path) {
     int error = 0;
+    errno = 0;
     file_ = DGifOpenFileName(path.c_str(), &error);
     if (file_ == nullptr) {
-        problem_ = "cannot be read as a GIF";
+        problem_ = ProblemOf(error, errno);
     } else if (DGifSlurp(file_) == GIF_ERROR) {
-        problem_ = "is a damaged GIF";
+        problem_ = kDamaged;
     } else if (file_->ImageCount < 1 || file_->SWidth < 1 || file_->SHeight < 1) {
         problem_ = "holds no picture";
     }
-    if (problem_ != nullptr) return;
+    if (!problem_.empty()) return;
     const std::size_t pixels =
         static_cast<std::size_t>(file_->SWidth) * static_cast<std::size_t>(file_->SHeight);
     shown_ = platform::WorkArray<std::uint8_t>(kChannels * pixels);
     kept_ = platform::WorkArray<std::uint8_t>(kChannels * pixels);
-    if (!shown_ || !kept_) problem_ = "needs more memory than there is";
+    if (!shown_ || !kept_) problem_ = kShortOfMemory;
 }
 
 GifPlayer::~GifPlayer() {

@@ -47,7 +47,8 @@ bool OpenPreviewFolder(const Request& request) {
     std::error_code error;
     std::filesystem::create_directories(folder, error);
     if (folder.empty() || error) {
-        TellUser(folder + ": the folder cannot be made");
+        TellUser(folder.empty() ? "the home folder is not known; set HOME, or name --folder"
+                                : folder + ": the folder cannot be made");
         return false;
     }
     platform::SetPluginFolder(folder);

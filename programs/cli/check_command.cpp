@@ -40,12 +40,12 @@ int RunCheck(const Request& request) {
     const std::string& path = request.Operands[0];
     GifPlayer player(path);
     if (!player) {
-        TellUser(path + " " + player.Problem());
+        TellUser(path + ": " + player.Problem());
         return kFailed;
     }
     SeamMeter meter(player.Width(), player.Height());
     if (!meter) {
-        TellUser(path + " needs more memory than there is");
+        TellUser(path + ": needs more memory than there is");
         return kFailed;
     }
     int hundredths = 0;

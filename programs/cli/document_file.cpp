@@ -8,6 +8,7 @@
 
 #include "platform/files.h"
 #include "programs/cli/control_values.h"
+#include "programs/cli/file_faults.h"
 #include "programs/cli/values.h"
 #include "shell/control_contract.h"
 #include "shell/document.h"
@@ -117,7 +118,7 @@ DocumentFile CheckDocumentFile(platform::WindowHandle dialog, const std::string&
     DocumentFile file;
     const auto text = ReadWhole(path);
     if (!text) {
-        file.Fault = path + ": cannot be read";
+        file.Fault = ReadFault(path);
         return file;
     }
     if (text->empty()) return file;  // counts as a correct one

@@ -8,6 +8,7 @@
 #include "host/json_writer.h"
 #include "platform/files.h"
 #include "programs/cli/commands.h"
+#include "programs/cli/file_faults.h"
 #include "programs/cli/fountain_text.h"
 #include "programs/cli/output_format.h"
 #include "programs/cli/session.h"
@@ -39,7 +40,7 @@ int ReadLibrary(const Request& request, FountainLibraryEntries* entries) {
         case LibraryState::Missing:
             return Fail(path + ": there is no such library; --add makes one");
         case LibraryState::Unreadable:
-            return Fail(path + ": cannot be read");
+            return Fail(ReadFault(path));
         case LibraryState::Damaged:
             return Fail(path + ": is no fountain library, or a damaged one");
     }
@@ -82,7 +83,8 @@ int ReadFountain(const Request& request, const std::string& text, Fountain* foun
     }
     if (platform::FileExists(text)) {
         if (ReadFountainFile(text, fountain) != 0) return kDone;
-        return Fail(text + ": is no fountain's file, or a damaged one");
+        return Fail(IsReadable(text) ? text + ": is no fountain's file, or a damaged one"
+                                     : ReadFault(text));
     }
     const std::string error = ReadFountainText(text, fountain);
     if (error.empty()) return kDone;
@@ -145,7 +147,7 @@ int Print(const Request& request, const Fountain& fountain) {
 int Write(const Request& request, const Fountain& fountain) {
     if (IsRecordOutput(request.Output)) {
         if (WriteFountainFile(request.Output, fountain) != 0) return kDone;
-        return Fail(request.Output + ": cannot be written");
+        return Fail(WriteFault(request.Output));
     }
     // As large as a control shows its strip, where the user does not say.
     const int width = request.Width != 0 ? request.Width : 181;
@@ -176,7 +178,7 @@ int RemoveEntry(const Request& request) {
         entries[i - 1] = entries[i];
     const std::string path = LibraryOf(request);
     if (WriteFountainLibrary(path, entries.data(), entries.size() - 1) != 0) return kDone;
-    return Fail(path + ": cannot be written");
+    return Fail(WriteFault(path));
 }
 
 int AddFountain(const Request& request) {

@@ -10,6 +10,7 @@
 #include "host/webp_file.h"
 #include "platform/files.h"
 #include "programs/cli/request.h"
+#include "programs/cli/file_faults.h"
 #include "programs/cli/session.h"
 #include "programs/cli/values.h"
 
@@ -44,7 +45,9 @@ int Tell(const std::string& path, FileResult result) {
 int TryFile(const std::string& path) {
     if (IsFolder(path)) return Fail(path, "is a folder");
     const platform::NewFile probe(path, platform::FileMode::Binary);
-    return probe ? kDone : Tell(path, FileResult::CannotCreate);
+    if (probe) return kDone;
+    TellUser(WriteFault(path));
+    return kFailed;
 }
 
 FileResult WriteAnimation(const Animation& animation, const std::string& path) {

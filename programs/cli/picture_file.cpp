@@ -12,6 +12,7 @@
 #include <png.h>
 
 #include "platform/files.h"
+#include "programs/cli/file_faults.h"
 
 namespace tess {
 namespace {
@@ -21,6 +22,8 @@ using Bytes = platform::WorkArray<std::uint8_t>;
 constexpr std::int64_t kMostPixels = std::int64_t{1} << 28;
 constexpr char kDamaged[] = "is damaged or cut off";
 constexpr char kTooLarge[] = "is too large";
+constexpr char kOtherBmp[] =
+    "is a BMP of a kind that is not supported (compressed, or of other bits or an old head)";
 
 struct CloseStream {
     void operator()(std::FILE* stream) const { std::fclose(stream); }
@@ -30,7 +33,7 @@ using Stream = std::unique_ptr<std::FILE, CloseStream>;
 // Returns an empty array, and what is wrong, when the file cannot be read.
 Bytes ReadWhole(const std::string& path, std::string* error) {
     const Stream stream(platform::OpenFile(path, "rb"));
-    *error = "cannot be read";
+    *error = UnreadableText(path);
     if (!stream || std::fseek(stream.get(), 0, SEEK_END) != 0) return {};
     const long size = std::ftell(stream.get());
     if (size < 0 || size == LONG_MAX || std::fseek(stream.get(), 0, SEEK_SET) != 0) return {};
@@ -105,11 +108,18 @@ struct BmpLayout {
 };
 
 constexpr std::size_t kFileHeader = 14, kInfoHeader = 40;
+// Of BMPs before these, whose fields stand elsewhere.
+constexpr std::size_t kCoreHeader = 12, kShortHeader = 16;
 
 std::optional<BmpLayout> ReadBmpLayout(const Bytes& file, std::string* error) {
     *error = kDamaged;
-    if (file.size() < kFileHeader + kInfoHeader) return std::nullopt;
+    if (file.size() < kFileHeader + 4) return std::nullopt;
     const std::size_t header = NumberAt(file, 14, 4);
+    if (header == kCoreHeader || header == kShortHeader) {
+        *error = kOtherBmp;
+        return std::nullopt;
+    }
+    if (file.size() < kFileHeader + kInfoHeader) return std::nullopt;
     BmpLayout layout{};
     layout.width = static_cast<std::int32_t>(NumberAt(file, 18, 4));
     layout.height = static_cast<std::int32_t>(NumberAt(file, 22, 4));
@@ -123,7 +133,7 @@ std::optional<BmpLayout> ReadBmpLayout(const Bytes& file, std::string* error) {
     const bool known_bits = layout.bits == 1 || layout.bits == 4 || layout.bits == 8 ||
                             layout.bits == 24 || layout.bits == 32;
     if (!known_bits || NumberAt(file, 30, 4) != 0) {
-        *error = "is a kind of BMP that is not read (compressed, or of other bits)";
+        *error = kOtherBmp;
         return std::nullopt;
     }
     if (layout.width > kMostPixels || layout.height > kMostPixels) {

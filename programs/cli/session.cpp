@@ -164,6 +164,20 @@ int TellMessages(const std::vector<std::string>& messages) {
     return messages.empty() ? kDone : kFailed;
 }
 
+// The dialog tells that a file has failed and not which: a document, which is all that it
+// writes when it does a session's work, or one of the preview's two.
+void NameFiles(const Request& request, Wish wish, std::vector<std::string>* messages) {
+    for (std::string& message : *messages) {
+        const bool is_of_preview = message == LoadStringText(StringId::ErrorCreatingFile) ||
+                                   message == LoadStringText(StringId::ErrorWritingFile);
+        if (wish == Wish::Work && !request.Output.empty()) {
+            message.insert(0, request.Output + ": ");
+        } else if (wish == Wish::Preview && is_of_preview) {
+            message.insert(0, std::string(platform::PluginFile("")) + ": ");
+        }
+    }
+}
+
 bool HasResult(Wish wish, const Session& session) {
     switch (wish) {
         case Wish::Build:
@@ -237,6 +251,7 @@ int RunSession(const Request& asked, Wish wish, int style, Session* session) {
         TellUser(user.Fault.Text);
         return user.Fault.Status;
     }
+    NameFiles(request, wish, &session->Messages);
     if (TellMessages(session->Messages) != kDone) return kFailed;
     if (wish == Wish::Work && session->WorkStatus != kDone) return session->WorkStatus;
     if (!HasResult(wish, *session)) {

@@ -9,6 +9,7 @@
 #include "fills/fountain_control.h"
 #include "platform/files.h"
 #include "programs/cli/control_values.h"
+#include "programs/cli/file_faults.h"
 #include "programs/cli/style_names.h"
 #include "programs/cli/tile_settings.h"
 #include "programs/cli/values.h"
@@ -179,10 +180,8 @@ SettingFault ApplyFountainFile(platform::WindowHandle dialog, const Setting& set
                                " is no fountain; 'tessellomatics params STYLE' lists a style's"};
     }
     if (LoadFountainFile(control, setting.Value) != 0) return {};
-    const char* fault = platform::FileExists(setting.Value)
-                            ? ": is no fountain's file, or a damaged one"
-                            : ": cannot be read";
-    return {kFailed, setting.Value + fault};
+    if (!IsReadable(setting.Value)) return {kFailed, ReadFault(setting.Value)};
+    return {kFailed, setting.Value + ": is no fountain's file, or a damaged one"};
 }
 
 // Shows a variable's value in its control as the opening of the dialog does: the
@@ -204,7 +203,7 @@ SettingFault ApplyConfiguration(platform::WindowHandle dialog, const std::string
     for (const ConfigKey& row : ConfigurationTable()) {
         before.push_back(row.IsNumber() ? *static_cast<std::uint32_t*>(row.Value) : 0);
     }
-    if (ReadConfigurationFile(path.c_str()) == 0) return {kFailed, path + ": cannot be read"};
+    if (ReadConfigurationFile(path.c_str()) == 0) return {kFailed, ReadFault(path)};
     if (!platform::IsControlEnabled(dialog, kTrueColorBox)) Truecolour = 0;
     std::size_t i = 0;
     for (const ConfigKey& row : ConfigurationTable()) {

@@ -6,6 +6,7 @@
 #include "fills/texture_group_file.h"
 #include "host/json_writer.h"
 #include "programs/cli/commands.h"
+#include "programs/cli/file_faults.h"
 #include "programs/cli/group_files.h"
 #include "programs/cli/output_format.h"
 #include "programs/cli/seam_report.h"
@@ -154,7 +155,7 @@ int RunTexture(const Request& request) {
     }
     TextureGroupReader reader(path);
     if (!reader) {
-        TellUser(path + ": is no group of textures");
+        TellUser(IsReadable(path) ? path + ": is no group of textures" : ReadFault(path));
         return kFailed;
     }
     if (request.Operands.size() == 2) return RunItem(request, reader);

@@ -79,7 +79,7 @@ SettingFault TileFault(const std::string& text) {
 SettingFault ApplyPicture(platform::WindowHandle dialog, const std::string& path) {
     std::string error;
     platform::OwnedBlock picture(ReadPicture(path, &error));
-    if (!picture) return {kFailed, path + error};
+    if (!picture) return {kFailed, path + ": " + error};
     ForEachMatrix([&](const StyleParameter& parameter) {
         const LockedMatrixTile tile =
             LockMatrixTile(platform::Control(dialog, parameter.ControlId));

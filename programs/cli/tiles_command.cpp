@@ -11,6 +11,8 @@
 #include "platform/block_guards.h"
 #include "platform/files.h"
 #include "programs/cli/commands.h"
+#include "programs/cli/file_faults.h"
+#include "programs/cli/group_files.h"
 #include "programs/cli/output_format.h"
 #include "programs/cli/picture_file.h"
 #include "programs/cli/session.h"
@@ -175,7 +177,7 @@ int AddPictures(const std::vector<std::string>& paths, MatrixGroup* group) {
     for (const std::string& path : paths) {
         std::string error;
         platform::OwnedBlock picture(ReadPicture(path, &error));
-        if (!picture) return Fail(path + error);
+        if (!picture) return Fail(path + ": " + error);
         if (IsTooLarge(picture.Get())) return Fail(path + ": is too large to be a matrix tile");
         if (group->Add(picture.Get()) == 0) return Fail(path + ": memory is short");
         static_cast<void>(picture.Release());  // the group owns it now
@@ -229,7 +231,7 @@ int ChangeGroup(const Request& request) {
     for (int i = 0; i < group.Count(); ++i)
         elements[static_cast<std::size_t>(i)] = group.Element(i);
     if (WriteMatrixGroup(path, {elements.data(), elements.size()}) == 0)
-        return Fail(path + ": cannot be written");
+        return Fail(WriteFault(path));
     return kDone;
 }
 

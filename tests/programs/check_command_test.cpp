@@ -53,7 +53,19 @@ TEST_F(CheckCommand, FileThatIsNoGifIsNamed) {
     folder_.Write("no.gif", "text");
     const ProgramRun run = folder_.Run("check no.gif");
     EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.errors, "tessellomatics: no.gif cannot be read as a GIF\n");
+    EXPECT_EQ(run.errors, "tessellomatics: no.gif: is no GIF\n");
+}
+
+TEST_F(CheckCommand, MissingFileIsToldWithTheSystemsReason) {
+    const ProgramRun run = folder_.Run("check none.gif");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.errors, "tessellomatics: none.gif: cannot be read: No such file or directory\n");
+}
+
+TEST_F(CheckCommand, OneFrameIsOne) {
+    folder_.Write("one.ppm", "P3 1 1 255  255 0 0");
+    ASSERT_EQ(folder_.Run("encode one.ppm -q -o one.gif").status, 0);
+    EXPECT_NE(folder_.Run("check one.gif").output.find(", 1 frame, "), std::string::npos);
 }
 
 }  // namespace

@@ -133,7 +133,8 @@ TEST_F(FountainProgram, WrongFountainFileIsNamed) {
     const std::string sample(kSmallFountain);
     ExpectRefusal(Run(sample + "--fountain 270=short.mtrl"), 1,
                   "short.mtrl: is no fountain's file");
-    ExpectRefusal(Run(sample + "--fountain 270=none.mtrl"), 1, "none.mtrl: cannot be read");
+    ExpectRefusal(Run(sample + "--fountain 270=none.mtrl"), 1,
+                  "none.mtrl: cannot be read: No such file or directory");
     ExpectRefusal(Run(sample + "--fountain width=short.mtrl"), 2, "'width' is no fountain");
     ExpectRefusal(Run(sample + "--fountain 9999=short.mtrl"), 2, "'9999' is no fountain");
 }

@@ -86,6 +86,28 @@ TEST_F(PictureFileTest, TruncatedPngIsRefused) {
     }
 }
 
+TEST_F(PictureFileTest, BmpOfAnotherKindIsToldAsSuch) {
+    const platform::OwnedBlock picture(test::RandomPicture(3, 3, 24, 4));
+    ASSERT_EQ(WriteBmpFile(picture.Get(), folder_.File("a.bmp")), FileResult::Written);
+    const std::string whole = folder_.Text("a.bmp");
+    constexpr std::size_t kHeaderSize = 14, kBits = 28, kCompression = 30;
+    for (const auto& [place, value] : {std::pair{kHeaderSize, 12}, std::pair{kHeaderSize, 16},
+                                       std::pair{kBits, 16}, std::pair{kCompression, 1}}) {
+        std::string other = whole;
+        other[place] = static_cast<char>(value);
+        folder_.Write("a.bmp", other);
+        EXPECT_FALSE(Read("a.bmp"));
+        EXPECT_NE(error_.find("of a kind that is not supported"), std::string::npos) << error_;
+    }
+}
+
+TEST_F(PictureFileTest, WhatCannotBeReadIsToldWithTheReason) {
+    EXPECT_FALSE(Read("none.png"));
+    EXPECT_EQ(error_, "cannot be read: No such file or directory");
+    EXPECT_FALSE(Read("."));
+    EXPECT_EQ(error_, "cannot be read: Is a directory");
+}
+
 TEST_F(PictureFileTest, DamagedHeadsAreRefused) {
     for (const char* text :
          {"P6", "P3 0 1 255", "P3 1 1 0 0 0 0", "P3 1 1 255 1 2 256", "P3 99999999999 1 255",

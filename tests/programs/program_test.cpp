@@ -308,7 +308,8 @@ TEST_F(ProgramTest, EncodeRefusesWhatItCannotRead) {
     NoteNames();
     ExpectRefusal(Run("encode a.ppm b.ppm -o e.gif"), 1, "b.ppm: is 1 x 1 pixels");
     ExpectRefusal(Run("encode c.txt -o e.gif"), 1, "c.txt: is no picture");
-    ExpectRefusal(Run("encode none.png -o e.gif"), 1, "none.png: cannot be read");
+    ExpectRefusal(Run("encode none.png -o e.gif"), 1,
+                  "none.png: cannot be read: No such file or directory");
     ExpectRefusal(Run("encode a.ppm -o e.gif --palette 3 --supercompress"), 2, "--palette");
     ExpectRefusal(Run("encode a.ppm"), 2, "-o");
 }

@@ -130,8 +130,9 @@ TEST_F(SavedValuesTest, TextOfMoreThanOneLineIsRefused) {
 TEST_F(SavedValuesTest, UnreadableFilesAreTold) {
     for (const char* command : {"config", "sample -o s.bmp", "document -o d.qv1"}) {
         ExpectRefusal(Run(std::string(command) + " --config none.ini"), 1,
-                      "none.ini: cannot be read");
-        ExpectRefusal(Run(std::string(command) + " --config ."), 1, ".: cannot be read");
+                      "none.ini: cannot be read: No such file or directory");
+        ExpectRefusal(Run(std::string(command) + " --config ."), 1,
+                      ".: cannot be read: Is a directory");
         ExpectRefusal(Run(std::string(command) + " --document none.qv1"), 1,
                       "none.qv1: There has been an error opening the requested file.");
         ExpectRefusal(Run(std::string(command) + " --document ."), 1, ".: There has been an error");
@@ -277,7 +278,7 @@ TEST_F(SavedValuesTest, BadDocumentsGiveOneLine) {
     refused("FOUNTB451=51", "FOUNTB451=", "line ");
     refused(";End of document\n", "", "is cut off");
     ExpectRefusal(Run("document none.qv1"), 1, "none.qv1: cannot be read");
-    ExpectRefusal(Run("document ."), 1, ".: cannot be read");
+    ExpectRefusal(Run("document ."), 1, ".: cannot be read: Is a directory");
 }
 
 TEST_F(SavedValuesTest, DocumentCutOffAnywhereIsRefusedOrWhole) {
@@ -311,7 +312,7 @@ TEST_F(SavedValuesTest, WrongUsesOfDocumentAreRefused) {
 TEST_F(SavedValuesTest, FullDiskKeepsTheOlderDocument) {
     folder_.Write("a.qv1", "older");
     ExpectRefusal(Run("document -o a.qv1", "ulimit -f 1;"), 1,
-                  "There has been an error creating the requested file.");
+                  "a.qv1: There has been an error creating the requested file.");
     EXPECT_EQ(folder_.Text("a.qv1"), "older");
     EXPECT_EQ(folder_.Names(), "a.qv1");
 }

@@ -142,7 +142,8 @@ TEST_F(TilesTest, IndexBehindTheGroupIsToldWithItsCount) {
 TEST_F(TilesTest, WhatIsNotThereIsTold) {
     ExpectRefusal("sample mural --tile nothing:0 -o x.png", 2, "there is no group 'nothing'");
     ExpectRefusal("sample mural --tile nothing -o x.png", 2, "GROUP:INDEX or a picture");
-    ExpectRefusal("sample mural --tile nothing.png -o x.png", 1, "nothing.png");
+    ExpectRefusal("sample mural --tile nothing.png -o x.png", 1,
+                  "nothing.png: cannot be read: No such file or directory");
     ExpectRefusal("tiles nothing", 1, "there is no group 'nothing'");
     ExpectRefusal("tiles nothing 0 --remove", 1, "there is no group 'nothing'");
 }
@@ -162,7 +163,8 @@ TEST_F(TilesTest, PictureThatIsTooLargeOrNoneIsRefusedAndTheGroupStays) {
     large.resize(large.size() + 3 * 513 * 513);
     folder_.Write("large.ppm", large);
     ExpectRefusal("tiles mine --add large.ppm", 1, "too large");
-    ExpectRefusal("tiles mine --add none.png", 1, "none.png");
+    ExpectRefusal("tiles mine --add none.png", 1,
+                  "none.png: cannot be read: No such file or directory");
     ExpectRefusal("tiles mine", 1, "there is no group");
 }
 

@@ -26,7 +26,7 @@ int main(int count, char** arguments) {
     if (count != 2) return 2;
     tess::GifPlayer player(arguments[1]);
     if (!player) {
-        std::fprintf(stderr, "%s %s\n", arguments[1], player.Problem());
+        std::fprintf(stderr, "%s: %s\n", arguments[1], player.Problem().c_str());
         return 1;
     }
     return WriteFrames(player) ? 0 : 1;

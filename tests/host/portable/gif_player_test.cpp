@@ -110,8 +110,11 @@ TEST_F(GifPlayerTest, DisposalClearsAFrameOrBringsBackWhatWasBefore) {
 }
 
 TEST_F(GifPlayerTest, FileThatIsNoGifIsNamedSo) {
-    EXPECT_STREQ(GifPlayer(Write({'n', 'o'})).Problem(), "cannot be read as a GIF");
-    EXPECT_STREQ(GifPlayer(folder_.File("none")).Problem(), "cannot be read as a GIF");
+    EXPECT_EQ(GifPlayer(Write({'n', 'o'})).Problem(), "is no GIF");
+    EXPECT_EQ(GifPlayer(Write({'t', 'h', 'i', 's', ' ', 'i', 's', ' ', 'n', 'o'})).Problem(),
+              "is no GIF");
+    EXPECT_EQ(GifPlayer(folder_.File("none")).Problem(),
+              "cannot be read: No such file or directory");
 }
 
 TEST_F(GifPlayerTest, CutOffGifIsDamagedOrHoldsLess) {
