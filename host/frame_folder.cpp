@@ -142,6 +142,7 @@ FileResult PutInPlace(const fs::path& filled, const fs::path& place) {
     }
     const TemporaryFolder aside(place);
     if (!aside) return FileResult::CannotWrite;
+    fs::permissions(filled, fs::status(place, error).permissions(), error);
     const fs::path old = aside.Path() / "old";
     fs::rename(place, old, error);
     if (error) return FileResult::CannotWrite;
@@ -151,11 +152,24 @@ FileResult PutInPlace(const fs::path& filled, const fs::path& place) {
     return FileResult::CannotWrite;
 }
 
+// Where the folder is written: behind a link, with the folders above it made.
+fs::path PlaceOf(std::string_view path) {
+    fs::path place(path);
+    if (!place.has_filename()) place = place.parent_path();  // "frames/" is "frames"
+    std::error_code error;
+    if (fs::is_symlink(place, error)) {
+        fs::path target = fs::canonical(place, error);
+        if (!error) place = std::move(target);
+    }
+    // What cannot be made is told of as the folder that cannot be created in it.
+    if (place.has_parent_path()) fs::create_directories(place.parent_path(), error);
+    return place;
+}
+
 }  // namespace
 
 FileResult WriteFrameFolder(const Animation& animation, std::string_view path) {
-    fs::path place(path);
-    if (!place.has_filename()) place = place.parent_path();  // "frames/" is "frames"
+    const fs::path place = PlaceOf(path);
     std::error_code error;
     if (fs::exists(place, error) && (!fs::is_directory(place, error) || !MayBeReplaced(place))) {
         return FileResult::ForeignFolder;

@@ -10,8 +10,9 @@
 
 namespace tess {
 
-/// Writes the folder, whole or not at all. A folder of that name is replaced if
-/// it holds nothing but an animation of this form.
+/// Writes the folder, whole or not at all, and makes the folders above it. A folder of that
+/// name, or the one that a link of that name leads to, is replaced if it holds nothing but
+/// an animation of this form.
 [[nodiscard]] FileResult WriteFrameFolder(const Animation& animation, std::string_view path);
 
 }  // namespace tess

@@ -26,6 +26,13 @@ extern const char* const kPathSeparators;
 /// Removes a file. Returns 0 when it is still there.
 [[nodiscard]] int RemoveFromFolder(const char* path);
 
+/// Where a file that is to stand at `path` is written: natively behind the links that stand
+/// there. Empty where something stands that no file can replace, such as a device.
+[[nodiscard]] std::string PlaceOfFile(const std::string& path);
+
+/// Gives the file at `path` the permissions of `model`, if that is there.
+void TakePermissionsOf(const char* model, const char* path);
+
 /// As FilesIn.
 [[nodiscard]] std::vector<std::string> ListFolder(const std::string& folder,
                                                   std::string_view extension);

@@ -88,9 +88,10 @@ std::string_view FileNameOf(std::string_view path) {
 }
 
 NewFile::NewFile(std::string_view path, FileMode mode)
-    : path_(path),
+    : path_(PlaceOfFile(std::string(path))),
       temporary_(TemporaryPath(path_)),
       stream_(path_.empty() ? nullptr : OpenFile(temporary_, mode == FileMode::Text ? "w" : "wb")) {
+    if (stream_ != nullptr) TakePermissionsOf(path_.c_str(), temporary_.c_str());
 }
 
 NewFile::~NewFile() {

@@ -40,7 +40,9 @@ enum class FileMode { Binary, Text };
 
 /// A file that is written whole or not at all. It is written beside its place,
 /// under another name, and takes its place in Commit; without Commit nothing is
-/// left of it and an older file stays. Text mode ends lines as the system does.
+/// left of it and an older file stays. Text mode ends lines as the system does. Natively
+/// its place is where the links at `path` lead to, and it keeps the permissions of the older
+/// file; a device or the like is no place for it.
 class NewFile {
 public:
     NewFile(std::string_view path, FileMode mode);

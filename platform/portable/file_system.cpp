@@ -50,6 +50,32 @@ int RemoveFromFolder(const char* path) {
     return std::remove(path) == 0 || errno == ENOENT ? 1 : 0;
 }
 
+std::string PlaceOfFile(const std::string& path) {
+    constexpr int kMostLinks = 40;  // as the system follows them
+    struct stat found = {};
+    if (stat(path.c_str(), &found) == 0 && !S_ISREG(found.st_mode) && !S_ISDIR(found.st_mode)) {
+        return "";
+    }
+    std::string place = path;
+    for (int i = 0; i < kMostLinks; ++i) {
+        char target[4096];
+        const ssize_t length = readlink(place.c_str(), target, sizeof target);
+        if (length < 0) return place;
+        const std::string next(target, static_cast<std::size_t>(length));
+        place = next.starts_with('/') ? next : std::string(FolderOf(place)) + next;
+    }
+    return path;
+}
+
+void TakePermissionsOf(const char* model, const char* path) {
+    constexpr mode_t kPermissions = 0777;
+    struct stat found = {};
+    // Where it fails the file has those of any new one.
+    if (stat(model, &found) == 0 && S_ISREG(found.st_mode)) {
+        static_cast<void>(chmod(path, found.st_mode & kPermissions));
+    }
+}
+
 std::vector<std::string> ListFolder(const std::string& folder, std::string_view extension) {
     std::vector<std::string> names;
     DIR* directory = opendir(folder.c_str());

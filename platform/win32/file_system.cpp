@@ -56,6 +56,13 @@ int RemoveFromFolder(const char* path) {
     return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND ? 1 : 0;
 }
 
+std::string PlaceOfFile(const std::string& path) {
+    return path;
+}
+
+// They come from the folder.
+void TakePermissionsOf(const char*, const char*) {}
+
 std::vector<std::string> ListFolder(const std::string& folder, std::string_view extension) {
     std::vector<std::string> names;
     std::string pattern(folder);

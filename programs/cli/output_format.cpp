@@ -37,6 +37,12 @@ int Fail(const std::string& path, const std::string& what) {
     return kFailed;
 }
 
+// Something that is neither a file nor a folder: a device, a pipe.
+bool IsNoFile(const std::string& path) {
+    std::error_code error;
+    return fs::exists(path, error) && !fs::is_regular_file(path, error);
+}
+
 int Tell(const std::string& path, FileResult result) {
     return result == FileResult::Written ? kDone : Fail(path, Describe(result));
 }
@@ -44,10 +50,21 @@ int Tell(const std::string& path, FileResult result) {
 // A file that could take the place of `path` is begun and dropped again.
 int TryFile(const std::string& path) {
     if (IsFolder(path)) return Fail(path, "is a folder");
+    if (IsNoFile(path)) return Fail(path, "is no file, and a file cannot replace it");
     const platform::NewFile probe(path, platform::FileMode::Binary);
     if (probe) return kDone;
     TellUser(WriteFault(path));
     return kFailed;
+}
+
+// The nearest folder above `path` that is there, "" for the one that the program is in.
+fs::path FolderThatIsThere(const fs::path& path) {
+    std::error_code error;
+    fs::path folder = path.parent_path();
+    while (!folder.empty() && folder != folder.parent_path() && !fs::exists(folder, error)) {
+        folder = folder.parent_path();
+    }
+    return folder;
 }
 
 FileResult WriteAnimation(const Animation& animation, const std::string& path) {
@@ -95,7 +112,10 @@ int CheckFolder(const std::string& path) {
     if (IsFolder(path)) return kDone;
     std::error_code error;
     if (fs::exists(name, error)) return Fail(name, "is there and is no folder");
-    return TryFile(name);
+    // The folders above it are made with it; it is enough that the first of them can be.
+    const platform::NewFile probe((FolderThatIsThere(name) / "probe").string(),
+                                  platform::FileMode::Binary);
+    return probe ? kDone : Tell(name, FileResult::CannotCreate);
 }
 
 int CheckPictureOutput(const std::string& path) {

@@ -86,8 +86,15 @@ TEST_F(FrameFolderTest, FolderWithOtherFilesIsLeftAsItIs) {
     EXPECT_EQ(std::distance(fs::directory_iterator(scratch_.Path()), {}), 1);
 }
 
-TEST_F(FrameFolderTest, FolderThatIsNotThereIsTold) {
-    EXPECT_EQ(WriteFrameFolder(animation_, scratch_.File("none/frames")), FileResult::CannotCreate);
+TEST_F(FrameFolderTest, FolderThatCannotBeMadeIsTold) {
+    std::ofstream(scratch_.File("file")) << "no folder";
+    EXPECT_EQ(WriteFrameFolder(animation_, scratch_.File("file/frames")), FileResult::CannotCreate);
+}
+
+TEST_F(FrameFolderTest, FoldersAboveItAreMade) {
+    ASSERT_EQ(WriteFrameFolder(animation_, scratch_.File("none/none/frames/")),
+              FileResult::Written);
+    EXPECT_TRUE(fs::exists(scratch_.File("none/none/frames/animation.json")));
 }
 
 TEST_F(FrameFolderTest, LockFailureLeavesNothing) {

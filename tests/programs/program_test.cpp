@@ -195,7 +195,9 @@ TEST_F(ProgramTest, EveryEndingGivesItsFormat) {
 
 TEST_F(ProgramTest, OutputIntoNoFolderIsTold) {
     ExpectRefusal(Build("-o none/a.gif"), 1, "none/a.gif: cannot be created");
-    ExpectRefusal(Build("-o a.gif --frames none/frames"), 1, "none/frames");
+    folder_.Write("file", "");
+    NoteNames();
+    ExpectRefusal(Build("-o a.gif --frames file/none/frames"), 1, "file/none/frames");
 }
 
 TEST_F(ProgramTest, FolderIsNoFile) {
