@@ -8,12 +8,17 @@ namespace platform {
 
 namespace {
 bool is_suppressed = false;
+bool has_failed = false;
 std::string last_page;
 }  // namespace
 
 void OpenPage(std::string_view path) {
     last_page = path;
-    if (!is_suppressed) ShowPage(last_page.c_str());
+    has_failed = !is_suppressed && !ShowPage(last_page.c_str());
+}
+
+bool OpeningHasFailed() {
+    return has_failed;
 }
 
 void SuppressBrowser(bool suppressed) {

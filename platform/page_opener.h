@@ -3,7 +3,8 @@
 
 namespace platform {
 
-/// Asks the system to show the page at `path`, and does not wait for it.
-void ShowPage(const char* path);
+/// Asks the system to show the page at `path`. Returns false when the system cannot, as far
+/// as that is known within a moment; the page may then still be shown later.
+[[nodiscard]] bool ShowPage(const char* path);
 
 }  // namespace platform

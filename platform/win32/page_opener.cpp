@@ -5,8 +5,10 @@
 
 namespace platform {
 
-void ShowPage(const char* path) {
-    ShellExecuteA(nullptr, nullptr, path, nullptr, "", SW_SHOWMAXIMIZED);
+bool ShowPage(const char* path) {
+    constexpr INT_PTR kLastFailure = 32;  // as ShellExecute counts them
+    const HINSTANCE result = ShellExecuteA(nullptr, nullptr, path, nullptr, "", SW_SHOWMAXIMIZED);
+    return reinterpret_cast<INT_PTR>(result) > kLastFailure;
 }
 
 }  // namespace platform

@@ -84,8 +84,13 @@ int RunPreview(const Request& request) {
     platform::SuppressBrowser(!request.OpensBrowser);
     Session session;
     const int status = RunSession(request, Wish::Preview, style, &session);
-    if (status == kDone) std::printf("%s\n", platform::PluginFile("preview.html"));
-    return status;
+    if (status != kDone) return status;
+    const std::string page = platform::PluginFile("preview.html");
+    if (platform::OpeningHasFailed()) {
+        TellUser("no browser could be started; open the page with yours: " + page);
+    }
+    std::printf("%s\n", page.c_str());
+    return kDone;
 }
 
 }  // namespace tess

@@ -35,6 +35,7 @@ TEST(Browser, SuppressedBrowserRemembersThePage) {
     platform::OpenPage("some/preview.html");
     platform::SuppressBrowser(false);
     EXPECT_EQ(platform::LastOpenedPage(), "some/preview.html");
+    EXPECT_FALSE(platform::OpeningHasFailed());
 }
 
 }  // namespace
