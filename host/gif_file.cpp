@@ -174,14 +174,17 @@ private:
 
 }  // namespace
 
-FileResult WriteGifFile(const Animation& animation, std::string_view path) {
+FileResult WriteGifStream(const Animation& animation, std::FILE* stream) {
     if (animation.Width > kMaximumSide || animation.Height > kMaximumSide) {
         return FileResult::TooLarge;
     }
+    return GifWriter(stream, animation).WriteAll();
+}
+
+FileResult WriteGifFile(const Animation& animation, std::string_view path) {
     platform::NewFile file(path, platform::FileMode::Binary);
     if (!file) return FileResult::CannotCreate;
-    GifWriter writer(file.Stream(), animation);
-    const FileResult result = writer.WriteAll();
+    const FileResult result = WriteGifStream(animation, file.Stream());
     if (result != FileResult::Written) return result;
     return file.Commit() != 0 ? FileResult::Written : FileResult::CannotWrite;
 }

@@ -16,13 +16,16 @@
 // quirks of its own and is written by pipeline/gif_writer.
 #pragma once
 
+#include <cstdio>
 #include <string_view>
 
 #include "host/animation.h"
 
 namespace tess {
 
-/// Writes the animation, whole or not at all. Frames must have 8 bits or fewer.
+/// Writes the animation to a stream, from first to last. Frames must have 8 bits or fewer.
+[[nodiscard]] FileResult WriteGifStream(const Animation& animation, std::FILE* stream);
+/// Writes it to a file, whole or not at all.
 [[nodiscard]] FileResult WriteGifFile(const Animation& animation, std::string_view path);
 
 }  // namespace tess

@@ -5,6 +5,7 @@
 // Only in the native build.
 #pragma once
 
+#include <cstdio>
 #include <string_view>
 
 #include "host/animation.h"
@@ -14,7 +15,9 @@ namespace tess {
 /// Writes an endlessly looping animation, whole or not at all.
 [[nodiscard]] FileResult WriteAnimatedPng(const Animation& animation, std::string_view path);
 
-/// Writes one picture of 1, 4, 8 or 24 bits, whole or not at all.
+/// Writes one picture of 1, 4, 8 or 24 bits to a stream, from first to last.
+[[nodiscard]] FileResult WritePngStream(ImageHandle image, std::FILE* stream);
+/// Writes it to a file, whole or not at all.
 [[nodiscard]] FileResult WritePng(ImageHandle image, std::string_view path);
 
 }  // namespace tess

@@ -230,15 +230,12 @@ FileResult WriteFrames(std::FILE* stream, const Animation& animation, Compositio
     return FileResult::Written;
 }
 
-FileResult WriteFile(const Animation& animation, std::string_view path, bool is_animated) {
+FileResult WriteStream(const Animation& animation, std::FILE* stream, bool is_animated) {
     if (animation.Width > kMaximumSide || animation.Height > kMaximumSide) {
         return FileResult::TooLarge;
     }
     Composition shown(animation);
     if (!shown) return FileResult::OutOfMemory;
-    platform::NewFile file(path, platform::FileMode::Binary);
-    if (!file) return FileResult::CannotCreate;
-    std::FILE* stream = file.Stream();
     if (!WriteHead(stream, animation, shown) ||
         (is_animated && !WriteAnimationControl(stream, animation)) ||
         !WritePalette(stream, shown) || !WriteComment(stream, animation)) {
@@ -246,19 +243,25 @@ FileResult WriteFile(const Animation& animation, std::string_view path, bool is_
     }
     const FileResult result = WriteFrames(stream, animation, shown, is_animated);
     if (result != FileResult::Written) return result;
-    if (!WriteChunk(stream, "IEND", nullptr, 0) || file.Commit() == 0) {
-        return FileResult::CannotWrite;
-    }
-    return FileResult::Written;
+    return WriteChunk(stream, "IEND", nullptr, 0) ? FileResult::Written : FileResult::CannotWrite;
+}
+
+template <class WriteTo>
+FileResult WriteFile(std::string_view path, WriteTo write_to) {
+    platform::NewFile file(path, platform::FileMode::Binary);
+    if (!file) return FileResult::CannotCreate;
+    const FileResult result = write_to(file.Stream());
+    if (result != FileResult::Written) return result;
+    return file.Commit() != 0 ? FileResult::Written : FileResult::CannotWrite;
 }
 
 }  // namespace
 
 FileResult WriteAnimatedPng(const Animation& animation, std::string_view path) {
-    return WriteFile(animation, path, true);
+    return WriteFile(path, [&](std::FILE* stream) { return WriteStream(animation, stream, true); });
 }
 
-FileResult WritePng(ImageHandle image, std::string_view path) {
+FileResult WritePngStream(ImageHandle image, std::FILE* stream) {
     platform::OwnedBlock copy(DuplicateImage(image));
     Animation still;
     {
@@ -271,7 +274,11 @@ FileResult WritePng(ImageHandle image, std::string_view path) {
     const FrameRecord record{copy.Get(), nullptr, 0, -1};
     if (FrameListAdd(&still.Frames, &record) == 0) return FileResult::OutOfMemory;
     static_cast<void>(copy.Release());  // the list owns it now
-    return WriteFile(still, path, false);
+    return WriteStream(still, stream, false);
+}
+
+FileResult WritePng(ImageHandle image, std::string_view path) {
+    return WriteFile(path, [&](std::FILE* stream) { return WritePngStream(image, stream); });
 }
 
 }  // namespace tess

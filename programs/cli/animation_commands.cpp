@@ -4,6 +4,7 @@
 #include <string>
 #include <system_error>
 
+#include "host/gif_player.h"
 #include "platform/browser.h"
 #include "platform/files.h"
 #include "programs/cli/commands.h"
@@ -55,6 +56,17 @@ bool OpenPreviewFolder(const Request& request) {
     return true;
 }
 
+// The preview's file is the plug-in's own, so what it says of delays is read from it.
+void TellOfLostDelay(const Request& request, const std::string& path) {
+    const bool counts_milliseconds =
+        request.HostUnit == DelayUnit::Milliseconds || request.HostTrueColor == true;
+    if (!counts_milliseconds) return;
+    GifPlayer player(path);
+    if (!player) return;
+    player.ShowFrame();
+    if (player.Delay() == 0) TellLostDelay(request, path);
+}
+
 }  // namespace
 
 int RunBuild(const Request& request) {
@@ -64,7 +76,7 @@ int RunBuild(const Request& request) {
     Session session;
     const int status = RunSession(request, Wish::Build, style, &session);
     if (status != kDone) return status;
-    return WriteOutputs(session.Host.Collected, request.Output, request.FramesFolder);
+    return WriteOutputs(session.Host.Collected, request);
 }
 
 int RunSample(const Request& request) {
@@ -85,6 +97,7 @@ int RunPreview(const Request& request) {
     Session session;
     const int status = RunSession(request, Wish::Preview, style, &session);
     if (status != kDone) return status;
+    TellOfLostDelay(request, platform::PluginFile("preview.gif"));
     const std::string page = platform::PluginFile("preview.html");
     if (platform::OpeningHasFailed()) {
         TellUser("no browser could be started; open the page with yours: " + page);

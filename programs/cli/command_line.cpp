@@ -142,6 +142,8 @@ private:
             const auto extra = static_cast<std::size_t>(command->MostOperands);
             error_ = std::string(command->Name) + " has no use for " +
                      Quoted(request_.Operands[extra]) + HintAtHelp(request_);
+        } else if (request_.Json && request_.Output == "-") {
+            error_ = "--json and '-o -' both write to standard output";
         }
     }
 

@@ -99,7 +99,7 @@ int RunEncode(const Request& request) {
     bar.Clear();
     CloseHost();
     if (EndMessages() != kDone || status != kDone) return kFailed;
-    return WriteOutputs(host.Collected, request.Output, request.FramesFolder);
+    return WriteOutputs(host.Collected, request);
 }
 
 }  // namespace tess

@@ -111,6 +111,10 @@ int RunGallery(const Request& request) {
         TellUser("an output is needed: -o DIR");
         return kWrongUse;
     }
+    if (request.Output == "-") {
+        TellUser("standard output cannot be a folder; name one");
+        return kWrongUse;
+    }
     std::error_code error;
     std::filesystem::create_directories(request.Output, error);
     if (error) {

@@ -9,10 +9,9 @@
 #include "programs/cli/help_text.h"
 #include "programs/cli/session.h"
 
-int main(int count, char** words) {
-    // A file that grows beyond the limit is then a failed write, not the end.
-    std::signal(SIGXFSZ, SIG_IGN);
-    const std::vector<std::string_view> arguments(words + (count > 0 ? 1 : 0), words + count);
+namespace {
+
+int Run(const std::vector<std::string_view>& arguments) {
     tess::Request request;
     const std::string error = tess::ParseCommandLine(arguments, &request);
     if (!error.empty()) {
@@ -29,8 +28,18 @@ int main(int count, char** words) {
         std::printf("%s %s\n", tess::kProgramCommand, TESSELLOMATICS_VERSION);
         return tess::kDone;
     }
-    const int status = request.Command->Run(request);
-    if (std::fflush(stdout) != 0) {
+    return request.Command->Run(request);
+}
+
+}  // namespace
+
+int main(int count, char** words) {
+    // A file that grows beyond the limit is then a failed write, not the end.
+    std::signal(SIGXFSZ, SIG_IGN);
+    const std::vector<std::string_view> arguments(words + (count > 0 ? 1 : 0), words + count);
+    const int status = Run(arguments);
+    // A write that has failed before leaves nothing to be flushed.
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
         tess::TellUser("standard output cannot be written");
         return tess::kFailed;
     }

@@ -1,7 +1,9 @@
 #include "programs/cli/output_format.h"
 
+#include <cstdio>
 #include <filesystem>
 #include <system_error>
+#include <unistd.h>
 
 #include "host/bmp_file.h"
 #include "host/frame_folder.h"
@@ -9,7 +11,6 @@
 #include "host/png_file.h"
 #include "host/webp_file.h"
 #include "platform/files.h"
-#include "programs/cli/request.h"
 #include "programs/cli/file_faults.h"
 #include "programs/cli/session.h"
 #include "programs/cli/values.h"
@@ -32,9 +33,24 @@ bool IsFolder(const std::string& path) {
     return fs::is_directory(path, error);
 }
 
+bool IsStandardOutput(const std::string& path) {
+    return path == "-";
+}
+
 int Fail(const std::string& path, const std::string& what) {
-    TellUser(path + ": " + what);
+    TellUser((IsStandardOutput(path) ? "standard output" : path) + ": " + what);
     return kFailed;
+}
+
+int Refuse(const std::string& text) {
+    TellUser(text);
+    return kWrongUse;
+}
+
+// Bytes on a terminal are of use to nobody, and can upset it.
+int CheckStandardOutput() {
+    if (isatty(STDOUT_FILENO) == 0) return kDone;
+    return Refuse("standard output is a terminal; redirect it to a file or a program");
 }
 
 // Something that is neither a file nor a folder: a device, a pipe.
@@ -44,6 +60,8 @@ bool IsNoFile(const std::string& path) {
 }
 
 int Tell(const std::string& path, FileResult result) {
+    // Of standard output main tells, for all commands alike.
+    if (IsStandardOutput(path) && result == FileResult::CannotWrite) return kFailed;
     return result == FileResult::Written ? kDone : Fail(path, Describe(result));
 }
 
@@ -68,6 +86,7 @@ fs::path FolderThatIsThere(const fs::path& path) {
 }
 
 FileResult WriteAnimation(const Animation& animation, const std::string& path) {
+    if (IsStandardOutput(path)) return WriteGifStream(animation, stdout);
     switch (FormatOf(path)) {
         case OutputFormat::Gif:
             return WriteGifFile(animation, path);
@@ -83,11 +102,34 @@ FileResult WriteAnimation(const Animation& animation, const std::string& path) {
     return FileResult::CannotCreate;
 }
 
+// Whether a frame's delay is lost in a GIF; a style may ask for none.
+bool LosesDelays(const Animation& animation) {
+    for (int i = 0; i < animation.Frames.Count; ++i) {
+        FrameRecord frame;
+        if (GetFrame(animation, i, &frame) == 0 || frame.Delay == 0) continue;
+        if (DelayInHundredths(animation, frame) == 0) return true;
+    }
+    return false;
+}
+
 }  // namespace
 
+void TellLostDelay(const Request& request, const std::string& path) {
+    if (request.Quiet) return;
+    TellUser(path +
+             ": a GIF counts hundredths of a second, so a delay below 10 milliseconds is 0 in it, "
+             "and each viewer takes that as it likes");
+}
+
 OutputFormat FormatOf(const std::string& path) {
+    if (IsStandardOutput(path)) return OutputFormat::Gif;
     const std::string ending = EndingOf(path);
-    if (IsFolder(path) || ending.empty() || ending == ".bmp") return OutputFormat::Folder;
+    if (IsFolder(path) || ending == ".bmp") return OutputFormat::Folder;
+    if (ending.empty()) {
+        std::error_code error;
+        const bool is_folder = path.ends_with('/') || !fs::exists(path, error);
+        return is_folder ? OutputFormat::Folder : OutputFormat::Unknown;
+    }
     if (ending == ".gif") return OutputFormat::Gif;
     if (ending == ".webp") return OutputFormat::WebP;
     if (ending == ".png") return OutputFormat::Png;
@@ -95,11 +137,14 @@ OutputFormat FormatOf(const std::string& path) {
 }
 
 int CheckOutput(const std::string& path) {
+    if (IsStandardOutput(path)) return CheckStandardOutput();
     switch (FormatOf(path)) {
         case OutputFormat::Unknown:
-            TellUser(path +
-                     ": unknown ending; it takes .gif, .webp, .png, or / for a folder of frames");
-            return kWrongUse;
+            return Refuse(
+                path +
+                (EndingOf(path).empty() ? ": is there, and has no ending" : ": unknown ending") +
+                "; it takes .gif, .webp, .png, / for a folder of frames, or - for a GIF "
+                "on standard output");
         case OutputFormat::Folder:
             return CheckFolder(path);
         default:
@@ -108,6 +153,7 @@ int CheckOutput(const std::string& path) {
 }
 
 int CheckFolder(const std::string& path) {
+    if (IsStandardOutput(path)) return Refuse("standard output cannot be a folder; name one");
     const std::string name = path.ends_with('/') ? path.substr(0, path.size() - 1) : path;
     if (IsFolder(path)) return kDone;
     std::error_code error;
@@ -119,18 +165,18 @@ int CheckFolder(const std::string& path) {
 }
 
 int CheckPictureOutput(const std::string& path) {
+    if (IsStandardOutput(path)) return CheckStandardOutput();
     const std::string ending = EndingOf(path);
     if (ending != ".png" && ending != ".bmp") {
-        TellUser(path + ": unknown ending; it takes .png or .bmp");
-        return kWrongUse;
+        return Refuse(path +
+                      ": unknown ending; it takes .png or .bmp, or - for a PNG on standard output");
     }
     return TryFile(path);
 }
 
 int CheckDocumentOutput(const std::string& path) {
     if (EndingOf(path) != ".qv1") {
-        TellUser(path + ": unknown ending; it takes .qv1");
-        return kWrongUse;
+        return Refuse(path + ": unknown ending; it takes .qv1");
     }
     return TryFile(path);
 }
@@ -140,24 +186,33 @@ bool IsRecordOutput(const std::string& path) {
 }
 
 int CheckRecordOutput(const std::string& path) {
+    if (IsStandardOutput(path)) return CheckStandardOutput();
     const std::string ending = EndingOf(path);
     if (ending != ".png" && ending != ".bmp" && ending != ".mtrl") {
-        TellUser(path + ": unknown ending; it takes .png, .bmp or .mtrl");
-        return kWrongUse;
+        return Refuse(path +
+                      ": unknown ending; it takes .png, .bmp or .mtrl, or - for a PNG on "
+                      "standard output");
     }
     return TryFile(path);
 }
 
-int WriteOutputs(const Animation& animation, const std::string& output,
-                 const std::string& frames_folder) {
+int WriteOutputs(const Animation& animation, const Request& request) {
+    const std::string& output = request.Output;
+    const std::string& frames_folder = request.FramesFolder;
     if (!frames_folder.empty()) {
         const int status = Tell(frames_folder, WriteFrameFolder(animation, frames_folder));
         if (status != kDone) return status;
     }
-    return output.empty() ? kDone : Tell(output, WriteAnimation(animation, output));
+    if (output.empty()) return kDone;
+    const int status = Tell(output, WriteAnimation(animation, output));
+    if (status == kDone && FormatOf(output) == OutputFormat::Gif && LosesDelays(animation)) {
+        TellLostDelay(request, IsStandardOutput(output) ? "standard output" : output);
+    }
+    return status;
 }
 
 int WritePicture(ImageHandle image, const std::string& path) {
+    if (IsStandardOutput(path)) return Tell(path, WritePngStream(image, stdout));
     return Tell(path, EndingOf(path) == ".png" ? WritePng(image, path) : WriteBmpFile(image, path));
 }
 

@@ -4,13 +4,14 @@
 #include <string>
 
 #include "host/animation.h"
+#include "programs/cli/request.h"
 
 namespace tess {
 
 enum class OutputFormat { Unknown, Gif, WebP, Png, Folder };
 
-/// A name that ends in "/" or ".bmp", has no ending, or is an existing folder is a
-/// folder of frames.
+/// A name that ends in "/" or ".bmp", has no ending and is not there, or is an existing
+/// folder is a folder of frames; "-" is a GIF on standard output.
 [[nodiscard]] OutputFormat FormatOf(const std::string& path);
 
 /// Whether an animation can be written to `path`, found out before the work is
@@ -18,19 +19,22 @@ enum class OutputFormat { Unknown, Gif, WebP, Png, Folder };
 [[nodiscard]] int CheckOutput(const std::string& path);
 /// The same for a folder of frames.
 [[nodiscard]] int CheckFolder(const std::string& path);
-/// The same for a single picture, .png or .bmp.
+/// The same for a single picture, .png or .bmp, or "-" for a PNG on standard output.
 [[nodiscard]] int CheckPictureOutput(const std::string& path);
 /// The same for a document, .qv1.
 [[nodiscard]] int CheckDocumentOutput(const std::string& path);
-/// The same for a fountain or material: a picture, or a control's file, .mtrl.
+/// The same for a fountain or material: a picture, "-", or a control's file, .mtrl.
 [[nodiscard]] int CheckRecordOutput(const std::string& path);
 /// Whether the ending is that of a control's file.
 [[nodiscard]] bool IsRecordOutput(const std::string& path);
 
-/// Writes to `output` and, unless that is empty, `frames_folder`. Returns the exit
-/// status, after telling the user.
-[[nodiscard]] int WriteOutputs(const Animation& animation, const std::string& output,
-                               const std::string& frames_folder);
+/// Writes to the request's output and folder of frames, where it names them. Returns the
+/// exit status, after telling the user.
+[[nodiscard]] int WriteOutputs(const Animation& animation, const Request& request);
+/// Tells, unless the request is a quiet one, that delays of the GIF at `path` are 0 that
+/// are shorter than it can say.
+void TellLostDelay(const Request& request, const std::string& path);
+
 /// Writes a single picture.
 [[nodiscard]] int WritePicture(ImageHandle image, const std::string& path);
 
