@@ -5,12 +5,14 @@
 #include <cctype>
 #include <cstdio>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <system_error>
 
 #include "host/bmp_file.h"
 #include "host/json_writer.h"
 #include "platform/files.h"
+#include "platform/unfinished_path.h"
 
 namespace tess {
 namespace {
@@ -52,12 +54,15 @@ bool MayBeReplaced(const fs::path& folder) {
 class TemporaryFolder {
 public:
     explicit TemporaryFolder(const fs::path& place) {
+        // Until it is there it may be another program's, so its name is noted behind that.
+        const platform::EndingHeld held;
         std::error_code error;
         for (int i = 0; i < kNameAttempts && path_.empty() && !error; ++i) {
             fs::path candidate = place;
             candidate += ".part" + std::to_string(i);
             if (fs::create_directory(candidate, error)) path_ = candidate;
         }
+        unfinished_.emplace(path_.string());
     }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
@@ -67,10 +72,16 @@ public:
     }
 
     explicit operator bool() const { return !path_.empty(); }
+    /// It is not removed.
+    void Keep() {
+        path_.clear();
+        unfinished_.reset();
+    }
     [[nodiscard]] const fs::path& Path() const { return path_; }
 
 private:
     fs::path path_;
+    std::optional<platform::UnfinishedPath> unfinished_;
 };
 
 void DescribePalette(JsonWriter& json, const std::uint8_t* palette) {
@@ -135,12 +146,14 @@ FileResult FillFolder(const Animation& animation, const fs::path& folder) {
 }
 
 FileResult PutInPlace(const fs::path& filled, const fs::path& place) {
+    // The older folder is not left aside.
+    const platform::EndingHeld held;
     std::error_code error;
     if (!fs::exists(place, error)) {
         fs::rename(filled, place, error);
         return error ? FileResult::CannotWrite : FileResult::Written;
     }
-    const TemporaryFolder aside(place);
+    TemporaryFolder aside(place);
     if (!aside) return FileResult::CannotWrite;
     fs::permissions(filled, fs::status(place, error).permissions(), error);
     const fs::path old = aside.Path() / "old";
@@ -149,6 +162,7 @@ FileResult PutInPlace(const fs::path& filled, const fs::path& place) {
     fs::rename(filled, place, error);
     if (!error) return FileResult::Written;
     fs::rename(old, place, error);
+    if (error) aside.Keep();  // the older folder is there and nowhere else
     return FileResult::CannotWrite;
 }
 

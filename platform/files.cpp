@@ -90,6 +90,7 @@ std::string_view FileNameOf(std::string_view path) {
 NewFile::NewFile(std::string_view path, FileMode mode)
     : path_(PlaceOfFile(std::string(path))),
       temporary_(TemporaryPath(path_)),
+      unfinished_(path_.empty() ? "" : temporary_),
       stream_(path_.empty() ? nullptr : OpenFile(temporary_, mode == FileMode::Text ? "w" : "wb")) {
     if (stream_ != nullptr) TakePermissionsOf(path_.c_str(), temporary_.c_str());
 }

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/unfinished_path.h"
+
 namespace platform {
 
 /// The path of `name` in the maker's per-user folder, which is the folder for
@@ -60,6 +62,7 @@ public:
 private:
     std::string path_;
     std::string temporary_;
+    UnfinishedPath unfinished_;
     std::FILE* stream_;
 };
 

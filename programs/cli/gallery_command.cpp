@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "platform/files.h"
+#include "platform/portable/ending_signals.h"
 #include "programs/cli/commands.h"
 #include "programs/cli/session.h"
 #include "programs/cli/style_names.h"
@@ -42,7 +43,8 @@ int BuildStyleFile(const Request& request, int style) {
 // Waits for one of the processes that build. Returns whether it has succeeded.
 bool WaitForOne() {
     int status = 0;
-    return wait(&status) > 0 && WIFEXITED(status) && WEXITSTATUS(status) == kDone;
+    return platform::WaitForHelper(&status) > 0 && WIFEXITED(status) &&
+           WEXITSTATUS(status) == kDone;
 }
 
 // Builds all styles, as many at a time as there are cores. Returns whether each has
@@ -57,7 +59,7 @@ bool BuildSideBySide(const Request& request, const std::vector<int>& styles) {
             succeeded &= WaitForOne();
             --running;
         }
-        const pid_t process = fork();
+        const pid_t process = platform::ForkHelper();
         if (process == 0) {
             const int status = BuildStyleFile(request, style);
             std::fflush(nullptr);

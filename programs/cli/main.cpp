@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/portable/ending_signals.h"
 #include "programs/cli/command_line.h"
 #include "programs/cli/command_table.h"
 #include "programs/cli/help_text.h"
@@ -36,6 +37,7 @@ int Run(const std::vector<std::string_view>& arguments) {
 int main(int count, char** words) {
     // A file that grows beyond the limit is then a failed write, not the end.
     std::signal(SIGXFSZ, SIG_IGN);
+    platform::RemoveUnfinishedOnSignals();
     const std::vector<std::string_view> arguments(words + (count > 0 ? 1 : 0), words + count);
     const int status = Run(arguments);
     // A write that has failed before leaves nothing to be flushed.
