@@ -7,6 +7,8 @@
 #include "controls/hexadecimal.h"
 #include "controls/spinner.h"
 #include "fills/fountain_control.h"
+#include "fills/material.h"
+#include "fills/matrix_tile.h"
 #include "programs/cli/fountain_text.h"
 #include "programs/cli/values.h"
 #include "shell/control_contract.h"
@@ -39,23 +41,47 @@ LineValue CheckBoxValue(platform::WindowHandle dialog, int id, std::string_view 
     return {*checked ? "1" : "0", ""};
 }
 
+// Whether an item of a list is what the user has written. Of a word case and punctuation
+// do not count; of a number all counts, since "(5)" is neither 5 nor -5.
+bool IsChoice(std::string_view item, std::string_view text) {
+    if (item == text) return true;
+    const auto number = ParseNumber(item);
+    if (number) return ParseNumber(text) == number;
+    const std::string name = PlainName(text);
+    return !name.empty() && !ParseNumber(text) && PlainName(item) == name;
+}
+
+std::string ListOfNumbers(platform::WindowHandle dialog, int id) {
+    std::string list;
+    for (int i = 0; i < platform::ItemCount(dialog, id); ++i) {
+        const std::string item = platform::ItemText(dialog, id, i);
+        if (!ParseNumber(item)) return "";
+        list += (list.empty() ? "" : ", ") + item;
+    }
+    return list;
+}
+
+// The texts go before the indices, and a list of numbers takes no index at all: it would
+// give another number than the user has written.
 LineValue ChoiceValue(platform::WindowHandle dialog, int id, std::string_view text) {
     const int count = platform::ItemCount(dialog, id);
-    if (ParseNumber(text)) return NumberBetween(text, 0, count - 1);
     for (int i = 0; i < count; ++i) {
-        if (PlainName(platform::ItemText(dialog, id, i)) == PlainName(text)) {
-            return {std::to_string(i), ""};
-        }
+        if (IsChoice(platform::ItemText(dialog, id, i), text)) return {std::to_string(i), ""};
     }
+    const std::string numbers = ListOfNumbers(dialog, id);
+    if (!numbers.empty()) return Wrong("is no choice of the list; it takes " + numbers);
+    if (ParseNumber(text)) return NumberBetween(text, 0, count - 1);
     return Wrong("is no choice of the list; it takes 0 to " + std::to_string(count - 1) +
                  " or a choice's text");
 }
 
-LineValue BlockValue(std::string_view text) {
+// The dialog fills a short block with zeros and passes a long one over.
+LineValue BlockValue(std::string_view text, std::size_t bytes) {
     const bool is_hexadecimal = std::all_of(text.begin(), text.end(),
                                             [](unsigned char c) { return std::isxdigit(c) != 0; });
-    if (text.empty() || text.size() % 2 != 0 || !is_hexadecimal) {
-        return Wrong("is no block; it takes two hexadecimal digits for each byte");
+    if (text.size() != 2 * bytes || !is_hexadecimal) {
+        return Wrong("is no block of " + std::to_string(bytes) +
+                     " bytes; it takes two hexadecimal digits for each");
     }
     return {std::string(text), ""};
 }
@@ -97,7 +123,8 @@ LineValue ValueForControl(platform::WindowHandle dialog, int id, std::string_vie
     if (tag == kCheckBoxTag) return CheckBoxValue(dialog, id, text);
     if (tag == kComboBoxTag) return ChoiceValue(dialog, id, text);
     if (tag == kFountainTag) return FountainValue(platform::Control(dialog, id), text);
-    if (tag == kMatrixTag || tag == kMaterialTag) return BlockValue(text);
+    if (tag == kMatrixTag) return BlockValue(text, sizeof(MatrixTile));
+    if (tag == kMaterialTag) return BlockValue(text, sizeof(Material));
     if (const int cells = PickerCells(tag); cells > 0) return NumberBetween(text, 0, cells - 1);
     return Wrong("cannot be set: the control holds no value");
 }

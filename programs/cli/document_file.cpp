@@ -6,6 +6,7 @@
 #include <optional>
 #include <string_view>
 
+#include "fills/fountain.h"
 #include "platform/files.h"
 #include "programs/cli/control_values.h"
 #include "programs/cli/file_faults.h"
@@ -50,10 +51,10 @@ bool IsPlainNumber(std::string_view text) {
                                         [](unsigned char c) { return std::isdigit(c) != 0; });
 }
 
-std::size_t BlockBytes(std::string_view tag) {
-    if (tag == kFountainTag) return 585;
-    if (tag == kMatrixTag) return 321;
-    return tag == kMaterialTag ? 1282 : 0;
+// A document names a choice by its index alone, -1 for none.
+std::string CheckIndex(platform::WindowHandle dialog, const DocumentLine& line) {
+    if (line.Value == "-1") return "";
+    return NumberBetween(line.Value, 0, platform::ItemCount(dialog, line.Id) - 1).Error;
 }
 
 std::string CheckNumber(platform::WindowHandle dialog, const DocumentLine& line) {
@@ -62,18 +63,20 @@ std::string CheckNumber(platform::WindowHandle dialog, const DocumentLine& line)
     if (line.Tag == kColorButtonTag) return NumberBetween(line.Value, 0, 0xFFFFFFFF).Error;
     if (line.Tag == kCheckBoxTag) return NumberBetween(line.Value, 0, 1).Error;
     if (line.Id == kDelayEdit) return NumberBetween(line.Value, 1, kLongestDelay).Error;
-    // A list without a selection.
-    if (line.Tag == kComboBoxTag && line.Value == "-1") return "";
+    if (line.Tag == kComboBoxTag) return CheckIndex(dialog, line);
     return ValueForControl(dialog, line.Id, line.Value).Error;
 }
 
 std::string CheckValue(platform::WindowHandle dialog, const DocumentLine& line) {
     if (line.Tag == kFontBoxTag) return "";
-    const std::size_t bytes = BlockBytes(line.Tag);
-    if (bytes == 0) return CheckNumber(dialog, line);
-    const std::string error = ValueForControl(dialog, line.Id, line.Value).Error;
-    if (!error.empty() || line.Value.size() == 2 * bytes) return error;
-    return "is no block of " + std::to_string(bytes) + " bytes";
+    const bool is_block =
+        line.Tag == kFountainTag || line.Tag == kMatrixTag || line.Tag == kMaterialTag;
+    if (!is_block) return CheckNumber(dialog, line);
+    // A setting may be colours by name; a document holds the record alone.
+    if (line.Tag == kFountainTag && line.Value.find('#') != std::string::npos) {
+        return "is no block of " + std::to_string(sizeof(Fountain)) + " bytes";
+    }
+    return ValueForControl(dialog, line.Id, line.Value).Error;
 }
 
 // Splits a line and holds it against its control. Returns what is wrong with it.

@@ -60,6 +60,16 @@ void ForEachChoice(const StyleParameter& parameter, Take take) {
     }
 }
 
+// The text of the choice that a list starts with.
+std::string StartChoice(const StyleParameter& parameter) {
+    std::uint32_t index = 0;
+    std::string text;
+    ForEachChoice(parameter, [&](std::string_view choice) {
+        if (index++ == parameter.Start) text = choice;
+    });
+    return text;
+}
+
 int PickerCells(ParameterKind kind) {
     switch (kind) {
         case ParameterKind::ShadowDirection:
@@ -111,6 +121,8 @@ void WriteParameter(JsonWriter& json, const StyleEntry& style, const DialogTempl
         json.Text(ColorText(parameter.Start));
     }
     if (parameter.Kind == ParameterKind::ChoiceList) {
+        json.Key("start_text");
+        json.Text(StartChoice(parameter));
         json.Key("choices");
         json.BeginArray();
         ForEachChoice(parameter, [&](std::string_view choice) { json.Text(choice); });
@@ -151,6 +163,8 @@ std::string StartText(const StyleParameter& parameter) {
             return ColorText(parameter.Start);
         case ParameterKind::CheckBox:
             return parameter.Start != 0 ? "yes" : "no";
+        case ParameterKind::ChoiceList:
+            return StartChoice(parameter);
         case ParameterKind::Fountain:
             return "";
         default:
@@ -221,10 +235,10 @@ int RunParams(const Request& request) {
     const StyleEntry& style = *StyleTable[index];
     const DialogTemplate* panel = platform::FindDialogTemplate(style.PanelTemplate);
     std::printf("%d  %s\n\n", index, style.Name);
-    std::printf("%-18s %-24s %-7s %-16s %-20s %-8s %s\n", "NAME", "KEY", "CONTROL", "LABEL",
+    std::printf("%-18s %-24s %-7s %-16s %-20s %-12s %s\n", "NAME", "KEY", "CONTROL", "LABEL",
                 "TAKES", "START", "KIND");
     for (const StyleParameter& parameter : style.Parameters) {
-        std::printf("%-18s %-24s %-7d %-16s %-20s %-8s %s\n",
+        std::printf("%-18s %-24s %-7d %-16s %-20s %-12s %s\n",
                     ParameterName(style, parameter).c_str(),
                     parameter.Key != nullptr ? parameter.Key : "-", parameter.ControlId,
                     LabelOf(panel, parameter).c_str(), TakesText(panel, parameter).c_str(),

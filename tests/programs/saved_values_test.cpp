@@ -46,13 +46,26 @@ protected:
     ProgramFolder folder_;
 };
 
-// A value that every row of the table takes, and that is not its start value.
-std::string ValueFor(const ConfigKey& row) {
-    if (row.IsText()) return "some.text";
+// A value that a row of the table takes and that is not its start value: as a user writes
+// it, and as the configuration holds it.
+struct OtherValue {
+    std::string written, held;
+    explicit OtherValue(std::string value) : written(value), held(std::move(value)) {}
+    OtherValue(std::string text, std::string index)
+        : written(std::move(text)), held(std::move(index)) {}
+};
+
+OtherValue ValueFor(const ConfigKey& row) {
+    if (row.IsText()) return OtherValue("some.text");
     for (const StyleEntry* style : StyleTable) {
         for (const StyleParameter& parameter : style->Parameters) {
             if (parameter.Key == nullptr || std::string(parameter.Key) != row.Name) continue;
-            if (parameter.Kind != ParameterKind::Spinner) return parameter.Start == 1 ? "0" : "1";
+            if (parameter.Kind == ParameterKind::ChoiceList && parameter.Start != 0) {
+                const std::string items = parameter.Detail;
+                return {items.substr(0, items.find(';')), "0"};
+            }
+            if (parameter.Kind != ParameterKind::Spinner)
+                return OtherValue(parameter.Start == 1 ? "0" : "1");
             SpinnerRange range{0, 0, 0};
             for (const auto& control :
                  platform::FindDialogTemplate(style->PanelTemplate)->controls) {
@@ -60,10 +73,10 @@ std::string ValueFor(const ConfigKey& row) {
                     ReadSpinnerRange(control.text, &range);
                 }
             }
-            return std::to_string(range.minimum + 1);
+            return OtherValue(std::to_string(range.minimum + 1));
         }
     }
-    return *static_cast<const std::uint32_t*>(row.Value) == 1 ? "0" : "1";
+    return OtherValue(*static_cast<const std::uint32_t*>(row.Value) == 1 ? "0" : "1");
 }
 
 TEST_F(SavedValuesTest, ConfigurationOfANewInstallationIsTheFilesText) {
@@ -80,8 +93,10 @@ TEST_F(SavedValuesTest, ConfigurationOfANewInstallationIsTheFilesText) {
 TEST_F(SavedValuesTest, EveryKeyOfTheTableCanBeSet) {
     std::string words, lines;
     for (const ConfigKey& row : ConfigurationTable()) {
-        words += std::string(" --set ").append(row.Name).append("=").append(ValueFor(row));
-        lines += std::string(row.Name).append(" = ").append(ValueFor(row)).append("\n");
+        words +=
+            std::string(" --set ").append(row.Name).append("='").append(ValueFor(row).written) +=
+            "'";
+        lines += std::string(row.Name).append(" = ").append(ValueFor(row).held).append("\n");
     }
     const std::string text = Config(words);
     EXPECT_EQ(text.substr(text.find("[PlugIn]\n") + 9), lines);

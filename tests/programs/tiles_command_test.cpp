@@ -99,6 +99,14 @@ TEST_F(TilesTest, RecordOfADocumentGoesWithTheControlsNumber) {
     EXPECT_TRUE(IsSame("by_record.png", "five.png"));
 }
 
+TEST_F(TilesTest, RecordOfAnotherLengthOrOtherCharactersIsRefused) {
+    const std::string digits(642, '0');
+    for (const std::string& wrong : {digits + "00", digits.substr(2), digits.substr(1) + "g"}) {
+        ExpectRefusal("sample mural --set 362=" + wrong + " -o by_record.png", 2,
+                      "is no block of 321 bytes");
+    }
+}
+
 TEST_F(TilesTest, ConfigurationFileNamesTheTile) {
     folder_.Write("mine.ini", "[PlugIn]\nStyle008Matrix = 5\n");
     Output("sample mural --config mine.ini -o from_file.png");
