@@ -76,8 +76,8 @@ bool ApplyLibrary(Request& request, std::string_view value) {
 }
 
 bool ApplyAdd(Request& request, std::string_view value) {
-    request.AddedPictures.emplace_back(value);
-    return TakeText(request.AddedFountain, value);
+    request.AddedItems.emplace_back(value);
+    return !value.empty();
 }
 
 bool ApplyRemove(Request& request, std::string_view) {

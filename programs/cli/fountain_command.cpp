@@ -1,6 +1,7 @@
 // The command for fountains and the library of them: list, show, add, take out.
 #include <cstdio>
 #include <string>
+#include <vector>
 
 #include "fills/fountain_control.h"
 #include "fills/fountain_library.h"
@@ -36,9 +37,8 @@ int ReadLibrary(const Request& request, FountainLibraryEntries* entries) {
     const std::string path = LibraryOf(request);
     switch (ReadFountainLibrary(path, entries)) {
         case LibraryState::Whole:
+        case LibraryState::Missing:  // one without entries is removed, too
             return kDone;
-        case LibraryState::Missing:
-            return Fail(path + ": there is no such library; --add makes one");
         case LibraryState::Unreadable:
             return Fail(ReadFault(path));
         case LibraryState::Damaged:
@@ -181,21 +181,24 @@ int RemoveEntry(const Request& request) {
     return Fail(WriteFault(path));
 }
 
-int AddFountain(const Request& request) {
-    Fountain fountain;
-    const int status = ReadFountain(request, request.AddedFountain, &fountain);
-    if (status != kDone) return status;
-    const std::string path = LibraryOf(request);
+// Adds the fountains, after all of them have been read.
+int AddFountains(const Request& request) {
+    std::vector<Fountain> fountains(request.AddedItems.size());
+    for (std::size_t i = 0; i < fountains.size(); ++i) {
+        const int status = ReadFountain(request, request.AddedItems[i], &fountains[i]);
+        if (status != kDone) return status;
+    }
     FountainLibraryEntries entries;
-    const LibraryState state = ReadFountainLibrary(path, &entries);
-    if (state != LibraryState::Whole && state != LibraryState::Missing) {
-        return ReadLibrary(request, &entries);
-    }
+    if (const int status = ReadLibrary(request, &entries); status != kDone) return status;
     if (IsUsersLibrary(request)) {
-        if (const int made = PrepareUserFolders(); made != kDone) return made;
+        if (const int status = PrepareUserFolders(); status != kDone) return status;
     }
-    if (AppendToFountainLibrary(path, fountain) == 0) return Fail(path + ": cannot be written");
-    if (!request.Quiet) std::printf("%zu\n", entries.size());
+    const std::string path = LibraryOf(request);
+    std::size_t number = entries.size();
+    for (const Fountain& fountain : fountains) {
+        if (AppendToFountainLibrary(path, fountain) == 0) return Fail(WriteFault(path));
+        if (!request.Quiet) std::printf("%zu\n", number++);
+    }
     return kDone;
 }
 
@@ -203,11 +206,11 @@ int AddFountain(const Request& request) {
 
 int RunFountain(const Request& request) {
     const bool has_operand = !request.Operands.empty();
-    if (!request.AddedFountain.empty()) {
+    if (!request.AddedItems.empty()) {
         if (has_operand || request.Removes || !request.Output.empty()) {
             return Fail("--add goes with --library alone", kWrongUse);
         }
-        return AddFountain(request);
+        return AddFountains(request);
     }
     if (!has_operand) {
         if (request.Removes || !request.Output.empty()) {

@@ -44,8 +44,8 @@ struct Request {
     DelayUnit HostUnit = DelayUnit::Hundredths;
     std::optional<bool> HostTrueColor;
 
-    // Of `tiles`.
-    std::vector<std::string> AddedPictures;
+    // Of `tiles` and `fountain`: pictures or fountains, in the order given.
+    std::vector<std::string> AddedItems;
 
     // Of `texture`, `fountain` and `material`: the size of a picture, 0 for the command's own.
     int Width = 0;
@@ -60,7 +60,6 @@ struct Request {
 
     // Of `fountain`.
     std::string Library;  ///< path of a library, "" for the user's
-    std::string AddedFountain;
     bool Removes = false;
 };
 

@@ -224,7 +224,7 @@ int ChangeGroup(const Request& request) {
             break;
     }
     const int status =
-        request.Removes ? RemoveTile(request, &group) : AddPictures(request.AddedPictures, &group);
+        request.Removes ? RemoveTile(request, &group) : AddPictures(request.AddedItems, &group);
     if (status != kDone) return status;
     platform::WorkArray<ImageHandle> elements(static_cast<std::size_t>(group.Count()));
     if (!elements) return Fail("memory is short");
@@ -240,7 +240,7 @@ int ChangeGroup(const Request& request) {
 int RunTiles(const Request& request) {
     const std::vector<std::string>& operands = request.Operands;
     const bool names_tile = operands.size() == 2;
-    if (!request.AddedPictures.empty()) {
+    if (!request.AddedItems.empty()) {
         if (operands.size() != 1 || request.Removes || !request.Output.empty())
             return Refuse("pictures are added by 'tiles GROUP --add PICTURE'");
         return ChangeGroup(request);

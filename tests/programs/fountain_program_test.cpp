@@ -53,9 +53,31 @@ TEST_F(FountainProgram, AddPrintsTheNumberOfTheEntry) {
 }
 
 TEST_F(FountainProgram, UsersLibraryIsTheDefaultAndItsFolderIsMade) {
-    ExpectRefusal(Run("fountain"), 1, "there is no such library");
     EXPECT_EQ(Run(std::string("fountain --add ") + kTwo).status, 0);
     EXPECT_EQ(Run("fountain").output, "  0  #000000,25:#FF0000,#FFFFFF\n");
+}
+
+TEST_F(FountainProgram, LibraryThatIsNotThereIsAnEmptyOne) {
+    const ProgramRun list = Run("fountain"), json = Run("fountain --json");
+    EXPECT_EQ(list.status, 0) << list.errors;
+    EXPECT_EQ(list.output + list.errors, "");
+    EXPECT_EQ(json.status, 0);
+    EXPECT_EQ(json.output, "[]\n");
+    ExpectRefusal(Run("fountain 0"), 2, "there is no entry '0'; the library is empty");
+    EXPECT_EQ(folder_.Names(), "");
+}
+
+TEST_F(FountainProgram, LibraryThatCannotBeReadIsToldWithTheReason) {
+    ExpectRefusal(Run("fountain --library ."), 1, ".: cannot be read: Is a directory");
+    ExpectRefusal(Run("fountain --library no/a.fll --add '#000000,#FFFFFF'"), 1,
+                  "no/a.fll: cannot be created: No such file or directory");
+}
+
+TEST_F(FountainProgram, SeveralAreAddedAtOnceOrNone) {
+    EXPECT_EQ(Library(std::string("--add ") + kTwo + " --add '#102030,#FFFFFF'").output, "0\n1\n");
+    EXPECT_EQ(Library("").output, "  0  #000000,25:#FF0000,#FFFFFF\n  1  #102030,#FFFFFF\n");
+    ExpectRefusal(Library("--add '#FF0000,#FFFFFF' --add nonsense"), 2, "'nonsense'");
+    EXPECT_EQ(folder_.Bytes("a.fll").size(), 80u + 2 * 340);
 }
 
 TEST_F(FountainProgram, JsonHoldsEndsMarkersAndText) {
@@ -122,7 +144,6 @@ TEST_F(FountainProgram, FileAndColorsAndDigitsPutTheSameFountainIntoARun) {
     EXPECT_EQ(by_file, Sample(std::string("--set fountain=") + kTwo));
     EXPECT_EQ(by_file, Sample("--fountain fountain=a.mtrl"));
     // A file's fountain loops as its control does; a document's line says so itself.
-    std::string digits;
     auto bytes = folder_.Bytes("a.mtrl");
     bytes[16] = 3;
     EXPECT_EQ(by_file, Sample("--set 270=" + Hexadecimal(bytes)));
