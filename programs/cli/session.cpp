@@ -5,6 +5,7 @@
 #include "fills/matrix_group_file.h"
 #include "platform/files.h"
 #include "platform/headless_user.h"
+#include "programs/cli/group_files.h"
 #include "programs/cli/output_format.h"
 #include "programs/cli/progress_bar.h"
 #include "programs/cli/settings.h"
@@ -55,10 +56,12 @@ void ChooseStyle(platform::WindowHandle dialog, const UserState& user) {
     if (user.Style >= 0) LoadControlValue(dialog, kEffectList, std::to_string(user.Style));
 }
 
-// Shows the tiles that a configuration file has named.
+// Shows the tiles that a configuration file has named. Of a group that is missing none is
+// shown, as when the dialog opens with such a file.
 void ShowConfiguredTiles(platform::WindowHandle dialog) {
     platform::SetUserFolder("");
-    const std::string path = FindTileGroup(MatrixGroupFile);
+    std::string path = FindGroupNamed(MatrixGroupFile);
+    if (path.empty()) path = UserGroupFolder() + MatrixGroupFile;
     platform::SetUserFolder(kNoFolder);
     ShowTilesOfParameters(dialog, path);
 }
@@ -215,7 +218,7 @@ void RunDialogAs(UserState& user) {
     ReadConfiguration();
     user.TrueColor = Truecolour;
     user.FirstRun = FirstRun;
-    user.TileGroup = FindTileGroup(MatrixGroupFile);
+    user.TileGroup = FindGroupNamed(MatrixGroupFile);
     platform::SetHeadlessUser(ActAsUser, &user);
     RunMainDialog(nullptr, &user.Run->Host.Services);
     platform::SetHeadlessUser(nullptr, nullptr);

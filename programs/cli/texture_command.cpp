@@ -16,7 +16,6 @@
 namespace tess {
 namespace {
 
-constexpr char kExtension[] = ".fft";
 constexpr char kProvidedGroup[] = "vorbelx1";
 
 // An item of a group and its place in it.
@@ -148,9 +147,9 @@ int RunTexture(const Request& request) {
         TellUser("-o needs the texture to render: 'tessellomatics texture GROUP ITEM -o FILE'");
         return kWrongUse;
     }
-    const std::string path = FindGroupFile(group, kExtension);
+    const std::string path = FindGroupFile(group, kTextureGroupExtension);
     if (path.empty()) {
-        TellUser("there is no group " + ShownText(group));
+        TellUser(GroupFault(group, kTextureGroupExtension));
         return kFailed;
     }
     TextureGroupReader reader(path);

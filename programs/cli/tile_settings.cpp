@@ -1,5 +1,7 @@
 #include "programs/cli/tile_settings.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <optional>
 #include <vector>
@@ -8,28 +10,14 @@
 #include "fills/matrix_control.h"
 #include "fills/matrix_group_file.h"
 #include "platform/files.h"
+#include "programs/cli/group_files.h"
 #include "programs/cli/picture_file.h"
 #include "programs/cli/values.h"
-#include "programs/default_groups.h"
+#include "shell/control_contract.h"
 #include "shell/style_table.h"
 
 namespace tess {
 namespace {
-
-constexpr char kExtension[] = ".mtx";
-
-bool EndsIn(std::string_view text, std::string_view ending) {
-    return text.size() > ending.size() &&
-           PlainName(text.substr(text.size() - ending.size())) == PlainName(ending);
-}
-
-// The file with that name in whatever case, with its folder; empty when there is none.
-std::string FindInFolder(const std::string& folder, std::string_view file) {
-    for (const std::string& name : platform::FilesIn(folder, kExtension)) {
-        if (name.size() == file.size() && EndsIn(" " + name, file)) return folder + name;
-    }
-    return "";
-}
 
 // Calls `act` with each matrix parameter of the styles.
 template <class Act>
@@ -92,13 +80,6 @@ SettingFault ApplyPicture(platform::WindowHandle dialog, const std::string& path
 
 }  // namespace
 
-std::string FindTileGroup(const std::string& file) {
-    // Beside the files that PluginFile names by default: a preview has another folder.
-    const std::string folder(platform::FolderOf(platform::UserFile("Tessellomatics 1/x")));
-    const std::string own = FindInFolder(folder, file);
-    return own.empty() ? FindInFolder(ProvidedGroupFolder(), file) : own;
-}
-
 bool IsPictureTile(const Setting& setting) {
     if (setting.Kind != SettingKind::Tile || !setting.Key.empty()) return false;
     for (const char* ending : {".png", ".bmp", ".ppm"}) {
@@ -114,16 +95,12 @@ SettingFault FindTile(Setting* setting) {
         return TileFault(ShownText(setting->Value) +
                          " is no tile; it takes GROUP:INDEX or a picture");
     const std::string group = setting->Value.substr(0, colon);
-    const bool is_path = EndsIn(group, kExtension) && platform::FileExists(group);
-    const std::string path =
-        is_path ? group : FindTileGroup(EndsIn(group, kExtension) ? group : group + kExtension);
-    if (path.empty())
-        return TileFault("there is no group " + ShownText(group) +
-                         "; 'tessellomatics tiles' lists the groups");
+    const std::string path = FindGroupFile(group, kTileGroupExtension);
+    if (path.empty()) return TileFault(GroupFault(group, kTileGroupExtension));
     const std::string index = setting->Value.substr(colon + 1);
     if (const std::string error = CheckIndex(path, index); !error.empty())
         return TileFault(ShownText(index) + " " + error);
-    setting->Key = path;
+    setting->Key = PathFromRoot(path);
     setting->Value = index;
     return {};
 }

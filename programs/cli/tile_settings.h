@@ -1,5 +1,4 @@
-// Choosing Mural's tile: what --tile and a matrix parameter mean, and where the groups
-// of tiles are that a run uses.
+// Choosing Mural's tile: what --tile and a matrix parameter mean.
 #pragma once
 
 #include <string>
@@ -9,10 +8,6 @@
 #include "programs/cli/settings.h"
 
 namespace tess {
-
-/// The path of the group with that file name in the user's folder, or else among those
-/// that came with the program; empty when there is none.
-[[nodiscard]] std::string FindTileGroup(const std::string& file);
 
 /// Whether a --tile means a picture and not a group's tile.
 [[nodiscard]] bool IsPictureTile(const Setting& setting);

@@ -2,28 +2,24 @@
 #include <algorithm>
 #include <cstdio>
 #include <string>
-#include <system_error>
 #include <vector>
 
-#include "fills/group_list.h"
 #include "fills/matrix_group_file.h"
 #include "host/json_writer.h"
 #include "platform/block_guards.h"
 #include "platform/files.h"
+#include "platform/letter_case.h"
 #include "programs/cli/commands.h"
 #include "programs/cli/file_faults.h"
 #include "programs/cli/group_files.h"
 #include "programs/cli/output_format.h"
 #include "programs/cli/picture_file.h"
 #include "programs/cli/session.h"
-#include "programs/cli/tile_settings.h"
 #include "programs/cli/values.h"
 #include "programs/default_groups.h"
 
 namespace tess {
 namespace {
-
-constexpr char kExtension[] = ".mtx";
 
 int Refuse(const std::string& text) {
     TellUser(text);
@@ -35,23 +31,18 @@ int Fail(const std::string& text) {
     return kFailed;
 }
 
-bool IsPath(const std::string& group) {
-    return group.find('/') != std::string::npos || std::string_view(group).ends_with(kExtension);
-}
-
-std::string FindGroup(const std::string& group) {
-    if (IsPath(group)) return platform::FileExists(group) ? group : "";
-    return FindTileGroup(group + kExtension);
-}
-
-// Reads a group. Returns kDone, or another exit status after telling the user.
+// Reads the group at a path, empty for none, that the user calls `name`. Returns kDone, or
+// another exit status after telling the user.
 int ReadGroup(const std::string& name, const std::string& path, MatrixGroup* group) {
-    const GroupReading reading =
-        path.empty() ? GroupReading::Missing : ReadMatrixGroup(path, group);
-    if (reading == GroupReading::Missing)
-        return Fail("there is no group " + ShownText(name) +
-                    "; 'tessellomatics tiles' lists the groups");
-    if (reading == GroupReading::Damaged) return Fail(path + ": is damaged");
+    if (path.empty()) return Fail(GroupFault(name, kTileGroupExtension));
+    switch (ReadMatrixGroup(path, group)) {
+        case GroupReading::Missing:
+            return Fail(ReadFault(path));
+        case GroupReading::Damaged:
+            return Fail(path + ": is damaged");
+        case GroupReading::Whole:
+            break;
+    }
     return kDone;
 }
 
@@ -63,16 +54,16 @@ struct ListedGroup {
 std::vector<ListedGroup> AllGroups() {
     std::vector<ListedGroup> groups;
     const auto add = [&groups](const std::string& folder) {
-        for (const std::string& file : platform::FilesIn(folder, kExtension)) {
-            const std::string name = file.substr(0, file.size() + 1 - sizeof kExtension);
+        for (const std::string& file : platform::FilesIn(folder, kTileGroupExtension)) {
+            const std::string name = file.substr(0, file.size() + 1 - sizeof kTileGroupExtension);
             const bool is_known =
                 std::any_of(groups.begin(), groups.end(), [&name](const ListedGroup& group) {
-                    return PlainName(group.Name) == PlainName(name);
+                    return platform::IsSameName(group.Name, name);
                 });
             if (!is_known) groups.push_back({name, folder + file});
         }
     };
-    add(std::string(platform::FolderOf(platform::PluginFile("x"))));
+    add(UserGroupFolder());
     add(ProvidedGroupFolder());
     return groups;
 }
@@ -115,21 +106,28 @@ int ListGroups(bool as_json) {
     return kDone;
 }
 
+std::string SizeText(const PackedDib& image) {
+    return std::to_string(image.Width) + " x " + std::to_string(image.Height);
+}
+
+void WriteTileFigures(JsonWriter& json, int index, const PackedDib& image) {
+    json.Key("index");
+    json.Number(index);
+    json.Key("width");
+    json.Number(image.Width);
+    json.Key("height");
+    json.Number(image.Height);
+    json.Key("depth");
+    json.Number(image.BitCount);
+}
+
 void ListTile(JsonWriter* json, int index, const PackedDib& image) {
     if (json == nullptr) {
-        const std::string size = std::to_string(image.Width) + " x " + std::to_string(image.Height);
-        std::printf("%-5d  %-12s %d\n", index, size.c_str(), int{image.BitCount});
+        std::printf("%-5d  %-12s %d\n", index, SizeText(image).c_str(), int{image.BitCount});
         return;
     }
     json->BeginObject();
-    json->Key("index");
-    json->Number(index);
-    json->Key("width");
-    json->Number(image.Width);
-    json->Key("height");
-    json->Number(image.Height);
-    json->Key("depth");
-    json->Number(image.BitCount);
+    WriteTileFigures(*json, index, image);
     json->EndObject();
 }
 
@@ -157,14 +155,35 @@ int FindTileIndex(const MatrixGroup& group, const std::string& text) {
     return -1;
 }
 
-int WriteTile(const MatrixGroup& group, const std::string& text, const std::string& output) {
-    const int index = FindTileIndex(group, text);
-    if (index < 0) return kWrongUse;
-    if (const int status = CheckPictureOutput(output); status != kDone) return status;
-    return WritePicture(group.Element(index), output);
+void TellTileAsJson(const ListedGroup& listed, int index, const PackedDib& image) {
+    JsonWriter json(stdout);
+    json.BeginObject();
+    WriteTileFigures(json, index, image);
+    json.Key("file");
+    json.Text(listed.Path);
+    json.EndObject();
 }
 
-// --- Changing
+void TellTile(const ListedGroup& listed, int index, const PackedDib& image) {
+    std::printf("tile %d of %s: %s pixels of %d bits\nin %s\n", index, listed.Name.c_str(),
+                SizeText(image).c_str(), int{image.BitCount}, listed.Path.c_str());
+}
+
+// Writes a tile as a picture, or tells what it is.
+int ShowTile(const Request& request, const ListedGroup& listed, const MatrixGroup& group) {
+    const std::string& output = request.Output;
+    const int index = FindTileIndex(group, request.Operands.back());
+    if (index < 0) return kWrongUse;
+    if (!output.empty()) {
+        if (const int status = CheckPictureOutput(output); status != kDone) return status;
+    }
+    if (request.Json || output.empty()) {
+        const LockedImage image(group.Element(index));
+        if (!image) return Fail("memory is short");
+        (request.Json ? TellTileAsJson : TellTile)(listed, index, *image.Get());
+    }
+    return output.empty() ? kDone : WritePicture(group.Element(index), output);
+}
 
 bool IsTooLarge(ImageHandle picture) {
     const LockedImage image(picture);
@@ -186,46 +205,18 @@ int AddPictures(const std::vector<std::string>& paths, MatrixGroup* group) {
 }
 
 // Takes a tile out, after writing it as a picture where that is asked for.
-int RemoveTile(const Request& request, MatrixGroup* group) {
-    const std::string& text = request.Operands.back();
+int RemoveTile(const Request& request, const std::string& path, MatrixGroup* group) {
     if (!request.Output.empty()) {
-        const int status = WriteTile(*group, text, request.Output);
+        const int status = ShowTile(request, {request.Operands.front(), path}, *group);
         if (status != kDone) return status;
     }
-    const int index = FindTileIndex(*group, text);
+    const int index = FindTileIndex(*group, request.Operands.back());
     if (index < 0) return kWrongUse;
     platform::FreeBlock(group->Take(index));
     return kDone;
 }
 
-// The path of the group to be changed; of one that is to be made where there is none.
-std::string PathToChange(const std::string& name) {
-    if (IsPath(name)) return name;
-    return GroupPath((name + kExtension).c_str());
-}
-
-int ChangeGroup(const Request& request) {
-    const std::string& name = request.Operands.front();
-    if (!IsPath(name)) {
-        if (const int status = PrepareUserFolders(); status != kDone) return status;
-    }
-    const std::string path = PathToChange(name);
-    MatrixGroup group;
-    switch (ReadMatrixGroup(path, &group)) {
-        case GroupReading::Missing:
-            if (request.Removes) return ReadGroup(name, "", &group);
-            break;
-        case GroupReading::Damaged:
-            return Fail(path + ": is damaged");
-        case GroupReading::Whole:
-            if (!group.IsWriteable)
-                return Fail("the group " + ShownText(name) +
-                            " cannot be changed; add to one of your own");
-            break;
-    }
-    const int status =
-        request.Removes ? RemoveTile(request, &group) : AddPictures(request.AddedItems, &group);
-    if (status != kDone) return status;
+int WriteGroup(const std::string& path, const MatrixGroup& group) {
     platform::WorkArray<ImageHandle> elements(static_cast<std::size_t>(group.Count()));
     if (!elements) return Fail("memory is short");
     for (int i = 0; i < group.Count(); ++i)
@@ -233,6 +224,38 @@ int ChangeGroup(const Request& request) {
     if (WriteMatrixGroup(path, {elements.data(), elements.size()}) == 0)
         return Fail(WriteFault(path));
     return kDone;
+}
+
+// Reads a group that is to be changed, unless it may not be.
+int OpenGroup(const std::string& name, const std::string& path, MatrixGroup* group) {
+    if (const int status = ReadGroup(name, path, group); status != kDone) return status;
+    if (group->IsWriteable) return kDone;
+    return Fail("the group " + ShownText(name) + " cannot be changed; add to one of your own");
+}
+
+int RemoveFromGroup(const Request& request) {
+    const std::string& name = request.Operands.front();
+    const std::string path = FindGroupFile(name, kTileGroupExtension);
+    MatrixGroup group;
+    int status = OpenGroup(name, path, &group);
+    if (status == kDone) status = RemoveTile(request, path, &group);
+    return status == kDone ? WriteGroup(path, group) : status;
+}
+
+// Adds to the group, which is made where there is none.
+int AddToGroup(const Request& request) {
+    const std::string& name = request.Operands.front();
+    std::string path = FindGroupFile(name, kTileGroupExtension);
+    const bool is_new = path.empty();
+    if (is_new) path = NewGroupFile(name, kTileGroupExtension);
+    if (path.empty()) return Refuse(ShownText(name) + " is no name for a group");
+    MatrixGroup group;
+    int status = is_new ? kDone : OpenGroup(name, path, &group);
+    if (status == kDone) status = AddPictures(request.AddedItems, &group);
+    const bool is_users = platform::FolderOf(path) == UserGroupFolder();
+    if (status == kDone && is_new && is_users) status = PrepareUserFolders();
+    if (status != kDone) return status;
+    return WriteGroup(path, group);
 }
 
 }  // namespace
@@ -243,19 +266,20 @@ int RunTiles(const Request& request) {
     if (!request.AddedItems.empty()) {
         if (operands.size() != 1 || request.Removes || !request.Output.empty())
             return Refuse("pictures are added by 'tiles GROUP --add PICTURE'");
-        return ChangeGroup(request);
+        return AddToGroup(request);
     }
     if (request.Removes) {
         if (!names_tile) return Refuse("a tile is taken out by 'tiles GROUP INDEX --remove'");
-        return ChangeGroup(request);
+        return RemoveFromGroup(request);
     }
-    if (names_tile == request.Output.empty())
+    if (!names_tile && !request.Output.empty())
         return Refuse("a tile is written as a picture by 'tiles GROUP INDEX -o FILE'");
     if (operands.empty()) return ListGroups(request.Json);
+    const std::string path = FindGroupFile(operands.front(), kTileGroupExtension);
     MatrixGroup group;
-    const int status = ReadGroup(operands.front(), FindGroup(operands.front()), &group);
+    const int status = ReadGroup(operands.front(), path, &group);
     if (status != kDone) return status;
-    if (names_tile) return WriteTile(group, operands.back(), request.Output);
+    if (names_tile) return ShowTile(request, {operands.front(), path}, group);
     return ListTiles(group, request.Json);
 }
 

@@ -133,11 +133,71 @@ TEST_F(TilesTest, OwnGroupIsMadeChangedAndUsed) {
     EXPECT_NE(Output("tiles").find("mine                 1      yes"), std::string::npos);
 }
 
+TEST_F(TilesTest, TileIsToldWithItsSizeAndFile) {
+    const std::string told = Output("tiles vorbelx1 3");
+    EXPECT_TRUE(told.starts_with("tile 3 of vorbelx1: 84 x 72 pixels of 24 bits\nin ")) << told;
+    EXPECT_TRUE(told.ends_with("groups/vorbelx1.mtx\n")) << told;
+    const std::string json = Output("tiles vorbelx1 3 --json -o three.png");
+    for (const char* part : {"\"index\": 3", "\"width\": 84", "\"depth\": 24", "vorbelx1.mtx\""})
+        EXPECT_NE(json.find(part), std::string::npos) << json;
+    EXPECT_EQ(folder_.Text("three.png").substr(1, 3), "PNG");
+}
+
+TEST_F(TilesTest, ColumnsStandBelowEachOtherForEveryName) {
+    Output("tiles vorbelx1 2 -o two.png");
+    Output("tiles Grün --add two.png");
+    EXPECT_NE(Output("tiles").find("\nGrün                 1      yes"), std::string::npos);
+}
+
 TEST_F(TilesTest, GroupMayBeAFileAnywhere) {
     Output("tiles vorbelx1 2 -o two.png");
-    Output("tiles own.mtx --add two.png");
+    Output("tiles ./own.mtx --add two.png");
     Output("sample mural --tile own.mtx:0 -o sample.png");
     EXPECT_TRUE(IsSame("sample.png", "two.png"));
+    EXPECT_EQ(folder_.Names(), "own.mtx sample.png two.png");
+}
+
+TEST_F(TilesTest, NewGroupGetsItsEnding) {
+    Output("tiles vorbelx1 2 -o two.png");
+    Output("tiles ./own --add two.png");
+    Output("tiles ./own --add two.png");
+    EXPECT_NE(Output("tiles ./own").find("\n1 "), std::string::npos);
+    EXPECT_EQ(folder_.Names(), "own.mtx own.mtx.bak two.png");
+}
+
+TEST_F(TilesTest, NewGroupNeedsAName) {
+    Output("tiles vorbelx1 2 -o two.png");
+    ExpectRefusal("tiles '' --add two.png", 2, "'' is empty");
+    for (const char* name : {".", ".mtx", "./", "..", ".hidden"})
+        ExpectRefusal(std::string("tiles ") + name + " --add two.png", 2, "is no name for a group");
+    ExpectRefusal("tiles no/own --add two.png", 1, "no/own.mtx: cannot be created: No such file");
+    EXPECT_EQ(folder_.Names(), "two.png");
+}
+
+TEST_F(TilesTest, TileOfADocumentIsFoundFromAnyFolder) {
+    Output("tiles vorbelx1 2 -o two.png");
+    Output("tiles ./own --add two.png");
+    Output("document --set effect=mural --tile own.mtx:0 -o own.qv1");
+    const ProgramRun run = Run("sample --document ../own.qv1 -o ../made.png", "mkdir x && cd x &&");
+    EXPECT_EQ(run.errors, "");
+    EXPECT_TRUE(IsSame("made.png", "two.png"));
+}
+
+TEST_F(TilesTest, TileThatIsGoneIsToldBeforeTheDefaultOneIsBuilt) {
+    Output("tiles vorbelx1 2 -o two.png");
+    Output("tiles ./own --add two.png");
+    Output("document --set effect=mural --tile own.mtx:0 -o own.qv1");
+    std::filesystem::remove(folder_.File("own.mtx"));
+    for (const char* words : {"sample --document own.qv1 -o a.png",
+                              "build --document own.qv1 --set frames=2 -o a.gif"}) {
+        const ProgramRun run = Run(words);
+        EXPECT_EQ(run.status, 0);
+        EXPECT_NE(run.errors.find("own.mtx: has no tile 0; the default tile stands for it\n"),
+                  std::string::npos)
+            << run.errors;
+        EXPECT_EQ(Run(std::string(words) + " --quiet").errors, "");
+    }
+    EXPECT_EQ(Run("sample bubbles --document own.qv1 -o a.png").errors, "");
 }
 
 TEST_F(TilesTest, IndexBehindTheGroupIsToldWithItsCount) {
@@ -182,7 +242,6 @@ TEST_F(TilesTest, DocumentTakesNoPictureAsTile) {
 }
 
 TEST_F(TilesTest, WrongUseIsTold) {
-    ExpectRefusal("tiles vorbelx1 3", 2, "-o FILE");
     ExpectRefusal("tiles vorbelx1 -o x.png", 2, "-o FILE");
     ExpectRefusal("tiles vorbelx1 --remove", 2, "--remove");
     ExpectRefusal("tiles --add x.png", 2, "--add");
