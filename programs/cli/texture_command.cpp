@@ -11,6 +11,7 @@
 #include "programs/cli/output_format.h"
 #include "programs/cli/seam_report.h"
 #include "programs/cli/session.h"
+#include "programs/cli/table_text.h"
 #include "programs/cli/values.h"
 
 namespace tess {
@@ -63,7 +64,7 @@ void ListAsTable(TextureGroupReader& reader) {
     std::printf("%5s  %-28s %-16s %s\n", "INDEX", "NAME", "KIND", "TILES AT");
     NamedTexture texture{0, {}, {}};
     for (; reader.Next(&texture.name, &texture.item); ++texture.index) {
-        std::printf("%5d  %-28s %-16s %s\n", texture.index, texture.name.c_str(),
+        std::printf("%5d  %s %-16s %s\n", texture.index, Padded(texture.name, 28).c_str(),
                     KindOf(texture.item), TilesText(texture.item));
     }
 }

@@ -15,6 +15,7 @@
 #include "programs/cli/output_format.h"
 #include "programs/cli/picture_file.h"
 #include "programs/cli/session.h"
+#include "programs/cli/table_text.h"
 #include "programs/cli/values.h"
 #include "programs/default_groups.h"
 
@@ -79,7 +80,7 @@ int ListGroups(bool as_json) {
         MatrixGroup group;
         const bool is_whole = ReadMatrixGroup(listed.Path, &group) == GroupReading::Whole;
         if (!as_json) {
-            std::printf("%-20s %-6s %-11s %s\n", listed.Name.c_str(),
+            std::printf("%s %-6s %-11s %s\n", Padded(listed.Name, 20).c_str(),
                         is_whole ? std::to_string(group.Count()).c_str() : "-",
                         !is_whole           ? "damaged"
                         : group.IsWriteable ? "yes"

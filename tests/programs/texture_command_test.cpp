@@ -93,6 +93,20 @@ TEST_F(TextureCommand, RefusesWhatIsNotThere) {
         ExpectRefusal(Run(std::string("texture vorbelx1 moon --size ") + size), 2, size);
 }
 
+TEST_F(TextureCommand, OutputIsTriedOnlyOnceThereIsAPicture) {
+    folder_.Write("odd.fft", std::string(kTextureGroupBanner) +
+                                 "\n:BEGINITEM\nTextureName=Odd\nTextureType=9\n:ENDITEM\n");
+    ExpectRefusal(Run("texture odd.fft odd -o no/a.png"), 1, "unknown kind");
+    ExpectRefusal(Run("texture vorbelx1 moon -o no/a.png"), 1,
+                  "no/a.png: cannot be created: No such file or directory");
+}
+
+TEST_F(TextureCommand, ColumnsStandBelowEachOtherForEveryName) {
+    WriteGroup("own.fft", "Grün");
+    EXPECT_NE(Run("texture own.fft").output.find("    0  Grün                         Pert"),
+              std::string::npos);
+}
+
 TEST_F(TextureCommand, RefusesAKindThatIsNone) {
     folder_.Write("odd.fft", std::string(kTextureGroupBanner) +
                                  "\n:BEGINITEM\nTextureName=Odd\nTextureType=9\n:ENDITEM\n");
