@@ -1,5 +1,7 @@
 #include "programs/cli/command_line.h"
 
+#include <algorithm>
+
 #include "programs/cli/command_table.h"
 
 namespace tess {
@@ -133,6 +135,12 @@ private:
         const CommandRow* command = request_.Command;
         if (command == nullptr) {
             error_ = "no command is given" + HintAtHelp(request_);
+            return;
+        }
+        const std::vector<std::string>& operands = request_.Operands;
+        const bool has_empty = std::find(operands.begin(), operands.end(), "") != operands.end();
+        if (has_empty && command->MostOperands != 0) {
+            error_ = std::string(command->Name) + ": '' is empty; it takes " + command->Operands;
             return;
         }
         const auto count = static_cast<int>(request_.Operands.size());

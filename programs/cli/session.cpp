@@ -93,6 +93,10 @@ SettingFault ApplyOne(platform::WindowHandle dialog, UserState& user, const Sett
     return fault;
 }
 
+void Warn(const UserState& user, const std::string& text) {
+    if (!text.empty() && !user.Asked->Quiet) TellUser(text);
+}
+
 // Sets everything as the request says. Returns what is wrong with it.
 SettingFault SetValues(platform::WindowHandle dialog, UserState& user) {
     ShowMissingTiles(dialog, user.TileGroup);
@@ -102,7 +106,9 @@ SettingFault SetValues(platform::WindowHandle dialog, UserState& user) {
     for (const Setting& setting : user.Asked->Settings) {
         SettingFault fault = ApplyOne(dialog, user, setting);
         if (fault.Status != kDone) return fault;
+        Warn(user, fault.Text);
     }
+    if (user.Want != Wish::Work) Warn(user, MissingTileText(dialog));
     if (WritesGif(user) && platform::IsChecked(dialog, kTrueColorBox)) {
         return {kWrongUse,
                 "Truecolour: a GIF holds no 24-bit frames; leave it off, or write .webp or .png"};

@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdint>
+#include <cstdio>
 #include <string_view>
 #include <vector>
 
 #include "fills/fountain_control.h"
 #include "platform/files.h"
+#include "platform/text_lines.h"
 #include "programs/cli/control_values.h"
 #include "programs/cli/file_faults.h"
 #include "programs/cli/style_names.h"
@@ -82,14 +84,19 @@ int ControlOfKey(std::string_view key) {
     return place.Parameter->Kind == ParameterKind::Matrix ? 0 : place.Parameter->ControlId;
 }
 
+const StyleEntry& SelectedStyle(platform::WindowHandle dialog) {
+    const int style = platform::Selection(dialog, kEffectList);
+    return *StyleTable[std::clamp(style, 0, kStyleCount - 1)];
+}
+
 // The control that `key` means, or 0.
 int FindControl(platform::WindowHandle dialog, std::string_view key) {
     if (IsNumberText(key)) {
         const auto id = ParseNumber(key);
         return id && *id <= 0xFFFF ? static_cast<int>(*id) : 0;
     }
-    const int style = std::clamp(platform::Selection(dialog, kEffectList), 0, kStyleCount - 1);
-    if (const auto place = FindParameter(*StyleTable[style], key); place.Parameter != nullptr) {
+    const StyleEntry& style = SelectedStyle(dialog);
+    if (const auto place = FindParameter(style, key); place.Parameter != nullptr) {
         return place.Parameter->ControlId;
     }
     return ControlOfKey(key);
@@ -148,12 +155,35 @@ namespace {
 // control, and takes the whole record.
 int FindMatrixControl(platform::WindowHandle dialog, std::string_view key) {
     if (IsNumberText(key)) return 0;
-    const int style = std::clamp(platform::Selection(dialog, kEffectList), 0, kStyleCount - 1);
-    for (const auto& place : {FindParameter(*StyleTable[style], key), FindParameterByKey(key)}) {
+    const StyleEntry& style = SelectedStyle(dialog);
+    for (const auto& place : {FindParameter(style, key), FindParameterByKey(key)}) {
         if (place.Parameter != nullptr && place.Parameter->Kind == ParameterKind::Matrix)
             return place.Parameter->ControlId;
     }
     return 0;
+}
+
+// The names of up to three styles that have a parameter of that name.
+std::string StylesWith(std::string_view key) {
+    constexpr int kMost = 3;
+    std::string names;
+    int count = 0;
+    for (const StyleEntry* style : StyleTable) {
+        if (FindParameter(*style, key).Parameter == nullptr || ++count > kMost) continue;
+        names += (names.empty() ? "" : ", ") + StyleName(*style);
+    }
+    return count > kMost ? names + " and others" : names;
+}
+
+// Mostly the style is not the one that the user has in mind: he has named none, or has set
+// the effect behind this.
+std::string UnknownKeyText(platform::WindowHandle dialog, const std::string& key) {
+    const std::string style = StyleName(SelectedStyle(dialog));
+    std::string text = "--set: unknown key " + ShownText(key) + "; the style here is " + style +
+                       ", and 'tessellomatics params " + style + "' lists its keys";
+    const std::string others = StylesWith(key);
+    if (others.empty()) return text;
+    return text + "; it is one of " + others + ": name the style, or set effect, before it";
 }
 
 SettingFault ApplyValue(platform::WindowHandle dialog, const Setting& setting) {
@@ -165,8 +195,7 @@ SettingFault ApplyValue(platform::WindowHandle dialog, const Setting& setting) {
     } else if (const ConfigKey* row = FindVariable(setting.Key)) {
         error = SetVariable(*row, setting.Value);
     } else {
-        return {kWrongUse, "--set: unknown key '" + setting.Key +
-                               "'; 'tessellomatics params STYLE' lists a style's"};
+        return {kWrongUse, UnknownKeyText(dialog, setting.Key)};
     }
     if (error.empty()) return {};
     return {kWrongUse, "--set " + setting.Key + ": " + ShownText(setting.Value) + " " + error};
@@ -198,6 +227,29 @@ void ShowVariable(platform::WindowHandle dialog, const ConfigKey& row) {
     *variable = value;
 }
 
+bool IsConfigurationLine(std::string_view line) {
+    const std::string_view name = line.substr(0, line.find_first_of(" ="));
+    if (name.empty() || line.find('=') == std::string_view::npos) return false;
+    const auto table = ConfigurationTable();
+    // A line may cut a key short.
+    return std::any_of(table.begin(), table.end(), [name](const ConfigKey& row) {
+        return std::string_view(row.Name).starts_with(name);
+    });
+}
+
+// Whether any line is one: other files are read without a complaint, too.
+bool HoldsConfiguration(const std::string& path) {
+    std::FILE* stream = platform::OpenFile(path, "rb");
+    if (stream == nullptr) return false;
+    platform::TextLines lines(stream);
+    char line[512];
+    bool is_found = false;
+    while (!is_found && lines.Next(line))
+        is_found = IsConfigurationLine(line);
+    std::fclose(stream);
+    return is_found;
+}
+
 SettingFault ApplyConfiguration(platform::WindowHandle dialog, const std::string& path) {
     std::vector<std::uint32_t> before;
     for (const ConfigKey& row : ConfigurationTable()) {
@@ -212,7 +264,8 @@ SettingFault ApplyConfiguration(platform::WindowHandle dialog, const std::string
             ShowVariable(dialog, row);
         }
     }
-    return {};
+    if (HoldsConfiguration(path)) return {};
+    return {kDone, path + ": holds no line of a configuration"};
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ namespace tess {
 /// What is wrong with a setting.
 struct SettingFault {
     int Status = kDone;  ///< the exit status, kDone when nothing is
-    std::string Text;
+    std::string Text;    ///< with kDone a warning, or empty
 };
 
 /// Applies one setting. A document that is refused has told the dialog's user why; the

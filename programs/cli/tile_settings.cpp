@@ -143,6 +143,21 @@ void ShowMissingTiles(platform::WindowHandle dialog, const std::string& path) {
     });
 }
 
+std::string MissingTileText(platform::WindowHandle dialog) {
+    const int style = std::clamp(platform::Selection(dialog, kEffectList), 0, kStyleCount - 1);
+    for (const StyleParameter& parameter : StyleTable[style]->Parameters) {
+        if (parameter.Kind != ParameterKind::Matrix) continue;
+        const LockedMatrixTile tile =
+            LockMatrixTile(platform::Control(dialog, parameter.ControlId));
+        if (!tile || tile->Image != nullptr) continue;
+        const std::string group(MatrixTilePath(*tile.Get()));
+        return (group.empty() ? "no group of tiles is chosen"
+                              : group + ": has no tile " + std::to_string(tile->Element)) +
+               "; the default tile stands for it";
+    }
+    return "";
+}
+
 void ShowTilesOfParameters(platform::WindowHandle dialog, const std::string& path) {
     ForEachMatrix([&](const StyleParameter& parameter) {
         LoadTile(dialog, parameter.ControlId, path, static_cast<int>(parameter.Value));

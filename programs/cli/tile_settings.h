@@ -28,6 +28,10 @@ namespace tess {
 /// `path`, so that the program shows its tiles before anyone has installed them.
 void ShowMissingTiles(platform::WindowHandle dialog, const std::string& path);
 
+/// What is to be said where the selected style shows a tile that was not found, and draws
+/// the default tile in its place; empty when it is not so.
+[[nodiscard]] std::string MissingTileText(platform::WindowHandle dialog);
+
 /// Lets every matrix control show the element that its parameter holds.
 void ShowTilesOfParameters(platform::WindowHandle dialog, const std::string& path);
 

@@ -105,6 +105,20 @@ TEST_F(ProgramTest, WrongSettingsNameKeyAndRange) {
     ExpectRefusal(Run(build + "1=1"), 2, "1: '1' cannot be set");
 }
 
+TEST_F(ProgramTest, UnknownKeyTellsTheStyleThatWasMeant) {
+    ExpectRefusal(Run("build bubbles -o a.gif --set bevel-enable=no --set effect=gumdrops"), 2,
+                  "unknown key 'bevel-enable'; the style here is bubbles, and 'tessellomatics "
+                  "params bubbles' lists its keys; it is one of gumdrops: name the style, or set "
+                  "effect, before it");
+    ExpectRefusal(Run("build -o a.gif --set bevel-enable=no"), 2, "the style here is gridlock");
+}
+
+TEST_F(ProgramTest, EmptyOperandIsWrongUse) {
+    for (const char* command : {"build '' -o a.gif", "check ''", "encode '' -o a.gif", "tiles ''",
+                                "document ''", "texture vorbelx1 ''"})
+        ExpectRefusal(Run(command), 2, ": '' is empty; it takes ");
+}
+
 TEST_F(ProgramTest, HostInMillisecondsTakesOtherDelays) {
     EXPECT_EQ(test::ReadGif(Gif("--host milliseconds --set delay=250"))->frames[0].delay, 25);
     NoteNames();

@@ -155,7 +155,23 @@ TEST_F(SavedValuesTest, UnreadableFilesAreTold) {
     EXPECT_EQ(folder_.Names(), "");
 }
 
-// --- save
+TEST_F(SavedValuesTest, FileThatIsNoConfigurationIsWarnedOf) {
+    folder_.Write("passwd", "root:x:0:0:root:/root:/bin/bash\n\n= 3\nStyle000Seed\n");
+    const ProgramRun run = Run("sample bubbles -o s.bmp --config passwd");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.errors, "tessellomatics: passwd: holds no line of a configuration\n");
+    EXPECT_EQ(Run("config --config passwd --quiet").errors, "");
+    folder_.Write("a.ini", "Main = 9\n");
+    EXPECT_EQ(Run("config --config a.ini").errors, "");
+}
+
+TEST_F(SavedValuesTest, ConfigTakesEverySettingThatARunTakes) {
+    EXPECT_EQ(Run("fountain '#000000,#FFFFFF' -o a.mtrl").status, 0);
+    const std::string text = Config(
+        "--set effect=fountain --fountain fountain=a.mtrl --tile vorbelx1:5 "
+        "--set fountain='#000000,#FFFFFF'");
+    EXPECT_TRUE(Holds(text, "Style008Matrix = 5"));
+}
 
 TEST_F(SavedValuesTest, SavedValuesAreWhereTheNextRunStarts) {
     Config("--set Style000Seed=777 --set Style004Frames=9 --save");

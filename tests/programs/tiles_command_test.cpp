@@ -114,6 +114,19 @@ TEST_F(TilesTest, ConfigurationFileNamesTheTile) {
     EXPECT_TRUE(IsSame("from_file.png", "five.png"));
 }
 
+TEST_F(TilesTest, GroupThatAConfigurationNamesAndIsNotThereIsTold) {
+    folder_.Write("gone.ini", "MatrixLibrary = gone.mtx\nStyle008Matrix = 3\n");
+    const ProgramRun run = Run("sample mural --config gone.ini -o made.png");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_NE(run.errors.find("gone.mtx: has no tile 3; the default tile stands for it"),
+              std::string::npos)
+        << run.errors;
+    Output("config --config gone.ini --save");
+    EXPECT_NE(Run("sample mural -o next.png").errors.find("gone.mtx: has no tile 3"),
+              std::string::npos);
+    EXPECT_TRUE(IsSame("next.png", "made.png"));
+}
+
 TEST_F(TilesTest, SavedTileIsTheNextRuns) {
     Output("sample mural --tile vorbelx1:5 --save -o first.png");
     Output("sample mural -o next.png");
