@@ -1,5 +1,4 @@
 // The command that shows a material, makes a picture of it, or writes one.
-#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <string>
@@ -7,17 +6,18 @@
 #include "fills/material_file.h"
 #include "fills/matrix_group_file.h"
 #include "host/json_writer.h"
-#include "platform/files.h"
 #include "programs/cli/commands.h"
+#include "programs/cli/file_faults.h"
+#include "programs/cli/fountain_text.h"
 #include "programs/cli/material_values.h"
 #include "programs/cli/output_format.h"
 #include "programs/cli/session.h"
-#include "programs/cli/values.h"
 
 namespace tess {
 namespace {
 
 constexpr ColorWord kStartColor = 0xC0C0C0;
+constexpr char kTileElementKey[] = "tile-element";
 
 // A material, with its tile's picture.
 class OpenMaterial {
@@ -41,43 +41,44 @@ public:
     Material record;
 };
 
+int Fail(const std::string& text, int status = kFailed) {
+    TellUser(text);
+    return status;
+}
+
+// Sets what the request says. A tile that is set must be there: what a file holds may come
+// from another machine, and is rendered as the plug-in does.
+int SetValues(const Request& request, Material* material) {
+    const char* tile_key = nullptr;
+    for (const Setting& setting : request.Settings) {
+        const std::string fault = SetMaterialValue(material, setting.Key, setting.Value);
+        if (!fault.empty()) return Fail(fault, kWrongUse);
+        if (setting.Key == kTileGroupKey && tile_key == nullptr) tile_key = kTileGroupKey;
+        if (setting.Key == kTileElementKey) tile_key = kTileElementKey;
+    }
+    if (tile_key == nullptr) return kDone;
+    const std::string fault = MaterialTileFault(*material);
+    return fault.empty() ? kDone : Fail(std::string(tile_key) + ": " + fault, kWrongUse);
+}
+
 // Reads the file that the request names, and what is set over it. Returns the exit
 // status, after telling the user.
 int ReadMaterial(const Request& request, Material* material) {
     if (!request.Operands.empty()) {
         const std::string& path = request.Operands.front();
         if (ReadMaterialFile(path, material) == 0) {
-            TellUser(path + (platform::FileExists(path) ? ": is no material, or is cut off"
-                                                        : ": cannot be opened"));
-            return kFailed;
+            return Fail(IsReadable(path) ? path + ": is no material, or is cut off"
+                                         : ReadFault(path));
         }
     }
-    for (const Setting& setting : request.Settings) {
-        const std::string fault = SetMaterialValue(material, setting.Key, setting.Value);
-        if (fault.empty()) continue;
-        TellUser(fault);
-        return kWrongUse;
-    }
-    return kDone;
-}
-
-std::string FountainText(const Fountain& fountain) {
-    const int count = std::clamp(std::int32_t{fountain.Count}, 0, kFountainMarkers);
-    std::string text = ColorText(fountain.Start & kColorBits);
-    for (int i = 0; i < count; ++i) {
-        text.append(1, ' ').append(ColorText(MarkerColor(fountain.Markers[i])));
-        text.append(1, '@').append(std::to_string(MarkerPosition(fountain.Markers[i])));
-    }
-    const bool is_looped = (fountain.Flags & kFountainLooped) != 0;
-    const ColorWord last = is_looped ? fountain.Start : fountain.End;
-    return text.append(1, ' ').append(ColorText(last & kColorBits));
+    return SetValues(request, material);
 }
 
 void ShowText(const Material& material) {
     for (const MaterialValue& row : MaterialValues())
         std::printf("%-13s  %s\n", row.Name, ShownMaterialValue(row, material).c_str());
-    std::printf("%-13s  %s\n", "tile-group", std::string(MatrixTilePath(material.Tile)).c_str());
-    std::printf("%-13s  %s\n", "fountain", FountainText(material.Gradient.Ramp).c_str());
+    std::printf("%-13s  %s\n", kTileGroupKey, std::string(MatrixTilePath(material.Tile)).c_str());
+    std::printf("%-13s  %s\n", kFountainKey, FountainText(material.Gradient.Ramp).c_str());
 }
 
 void ShowJson(const Material& material) {
@@ -93,9 +94,9 @@ void ShowJson(const Material& material) {
             json.Text(ShownMaterialValue(row, material));
         }
     }
-    json.Key("tile-group");
+    json.Key(kTileGroupKey);
     json.Text(MatrixTilePath(material.Tile));
-    json.Key("fountain");
+    json.Key(kFountainKey);
     json.Text(FountainText(material.Gradient.Ramp));
     json.EndObject();
 }
@@ -107,8 +108,7 @@ int Render(const Request& request, OpenMaterial* material, platform::OwnedBlock*
     picture->Reset(RenderMaterial(&material->record, is_sized ? request.Width : kSide,
                                   is_sized ? request.Height : kSide));
     if (*picture) return kDone;
-    TellUser("the material cannot be rendered");
-    return kFailed;
+    return Fail("the material cannot be rendered");
 }
 
 int WriteMaterialFile(const Request& request, const Material& material) {
@@ -118,8 +118,7 @@ int WriteMaterialFile(const Request& request, const Material& material) {
         if (copy) std::memcpy(static_cast<void*>(copy.Get()), &material, sizeof material);
     }
     if (SaveMaterial(block.Get(), request.Output) != 0) return kDone;
-    TellUser(request.Output + ": cannot be written");
-    return kFailed;
+    return Fail(WriteFault(request.Output));
 }
 
 }  // namespace

@@ -2,6 +2,11 @@
 
 #include <optional>
 
+#include "fills/matrix_group_file.h"
+#include "platform/files.h"
+#include "programs/cli/file_faults.h"
+#include "programs/cli/fountain_text.h"
+#include "programs/cli/group_files.h"
 #include "programs/cli/values.h"
 
 namespace tess {
@@ -111,6 +116,33 @@ std::optional<std::int64_t> ReadFor(const MaterialValue& row, std::string_view t
     return std::nullopt;
 }
 
+// None, or a group by its name or path.
+std::string SetTileGroup(Material* material, std::string_view value) {
+    std::string path;
+    if (!value.empty()) {
+        const std::string name(value);
+        path = FindGroupFile(name, kTileGroupExtension);
+        if (path.empty())
+            return std::string(kTileGroupKey) + ": " + GroupFault(name, kTileGroupExtension);
+        path = PathFromRoot(path);
+    }
+    if (path.size() >= kMatrixFileBytes)
+        return std::string(kTileGroupKey) + ": " + ShownText(path) + " is too long a path";
+    SetMatrixTilePath(&material->Tile, path);
+    return "";
+}
+
+std::string SetFountain(Material* material, std::string_view value) {
+    // A copy, since the record is packed.
+    Fountain fountain = material->Gradient.Ramp;
+    const std::string fault = value.find('#') == std::string_view::npos
+                                  ? ReadFountainDigits(value, &fountain)
+                                  : ReadFountainColors(value, &fountain);
+    if (!fault.empty()) return std::string(kFountainKey) + ": " + ShownText(value) + " " + fault;
+    material->Gradient.Ramp = fountain;
+    return "";
+}
+
 }  // namespace
 
 std::span<const MaterialValue> MaterialValues() {
@@ -135,11 +167,8 @@ std::string ShownMaterialValue(const MaterialValue& row, const Material& materia
 }
 
 std::string SetMaterialValue(Material* material, std::string_view name, std::string_view value) {
-    if (name == "tile-group") {
-        if (value.size() >= kMatrixFileBytes) return "tile-group: the path is too long";
-        SetMatrixTilePath(&material->Tile, value);
-        return "";
-    }
+    if (name == kTileGroupKey) return SetTileGroup(material, value);
+    if (name == kFountainKey) return SetFountain(material, value);
     for (const MaterialValue& row : kValues) {
         if (name != row.Name) continue;
         std::string takes;
@@ -149,6 +178,25 @@ std::string SetMaterialValue(Material* material, std::string_view name, std::str
         return "";
     }
     return "unknown key " + ShownText(name) + "; 'tessellomatics material' shows the keys";
+}
+
+std::string MaterialTileFault(const Material& material) {
+    const std::string group(MatrixTilePath(material.Tile));
+    if (group.empty())
+        return material.Tile.Element == 0 ? "" : "there is no tile-group to take from";
+    MatrixGroup elements;
+    switch (ReadMatrixGroup(group, &elements)) {
+        case GroupReading::Missing:
+            return ReadFault(group);
+        case GroupReading::Damaged:
+            return group + ": is damaged";
+        case GroupReading::Whole:
+            break;
+    }
+    if (material.Tile.Element >= 0 && material.Tile.Element < elements.Count()) return "";
+    return ShownText(std::to_string(material.Tile.Element)) + " is out of range; " +
+           std::string(platform::FileNameOf(group)) + " holds " + std::to_string(elements.Count()) +
+           " tiles, counted from 0";
 }
 
 }  // namespace tess

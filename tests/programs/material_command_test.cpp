@@ -1,4 +1,5 @@
 // The command `material`, from its words to its files and exit status.
+#include <filesystem>
 #include <gtest/gtest.h>
 
 #include "programs/cli/material_values.h"
@@ -30,6 +31,11 @@ protected:
         EXPECT_EQ(run.errors.substr(0, 16), "tessellomatics: ");
         EXPECT_NE(run.errors.find(text), std::string::npos) << run.errors;
     }
+    // A group of one tile, "own.mtx".
+    void WriteOwnGroup() {
+        EXPECT_EQ(Run("--size 4x4 -o tile.png").status, 0);
+        EXPECT_EQ(folder_.Run("tiles ./own --add tile.png").status, 0);
+    }
     static std::string Line(const std::string& key, const std::string& value) {
         return key + std::string(15 - key.size(), ' ') + value + "\n";
     }
@@ -42,7 +48,7 @@ TEST_F(MaterialCommand, ShowsAPlainOneWithoutAFile) {
     EXPECT_EQ(run.status, 0);
     EXPECT_NE(run.output.find(Line("mode", "simple")), std::string::npos);
     EXPECT_NE(run.output.find(Line("start-color", "#404040")), std::string::npos);
-    EXPECT_NE(run.output.find("#0000FF@32 #00FFFF@64"), std::string::npos);
+    EXPECT_NE(run.output.find(",32:#0000FF,64:#00FFFF,"), std::string::npos);
 }
 
 TEST_F(MaterialCommand, WritesAFileThatReadsBack) {
@@ -95,18 +101,55 @@ TEST_F(MaterialCommand, RendersEachModeAsTheCoreDoes) {
     }
 }
 
-TEST_F(MaterialCommand, TileThatIsNotThereIsTheDefaultOneAndTold) {
-    const std::string words = "--set mode=tile --set tile-group=none.mtx --size 8x8 ";
-    const ProgramRun run = Run(words + "-o a.png");
+// The file may come from another machine.
+TEST_F(MaterialCommand, TileOfAFileThatIsNotThereIsTheDefaultOneAndTold) {
+    WriteOwnGroup();
+    EXPECT_EQ(Run("--set mode=tile --set tile-group=own.mtx -o a.mtrl").status, 0);
+    std::filesystem::remove(folder_.File("own.mtx"));
+    const ProgramRun run = Run("a.mtrl --size 8x8 -o a.png");
     EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.errors,
-              "tessellomatics: none.mtx: has no tile 0; the default tile stands for it\n");
-    EXPECT_EQ(Run(words + "-o b.png --quiet").errors, "");
+    EXPECT_NE(run.errors.find("own.mtx: has no tile 0; the default tile stands for it\n"),
+              std::string::npos)
+        << run.errors;
+    EXPECT_EQ(Run("a.mtrl --size 8x8 -o b.png --quiet").errors, "");
     EXPECT_EQ(folder_.Bytes("a.png"), folder_.Bytes("b.png"));
 }
 
+TEST_F(MaterialCommand, TileThatIsSetMustBeThere) {
+    WriteOwnGroup();
+    ExpectRefusal(Run("--set tile-group=none"), 2, "tile-group: there is no group 'none'");
+    ExpectRefusal(Run("--set tile-group=./none.mtx"), 2, "./none.mtx: cannot be read: No such");
+    ExpectRefusal(Run("--set tile-element=1 --set tile-group=own.mtx"), 2,
+                  "tile-element: '1' is out of range; own.mtx holds 1 tiles, counted from 0");
+    ExpectRefusal(Run("--set mode=tile --set tile-element=3"), 2,
+                  "tile-element: there is no tile-group");
+    folder_.Write("damaged.mtx", "QRVNMTXf");
+    ExpectRefusal(Run("--set tile-group=damaged.mtx"), 2, "is damaged");
+}
+
+TEST_F(MaterialCommand, TileGroupIsNamedFromTheRoot) {
+    WriteOwnGroup();
+    EXPECT_NE(
+        Run("--set tile-group=own.mtx").output.find(Line("tile-group", folder_.File("own.mtx"))),
+        std::string::npos);
+    EXPECT_NE(Run("--set tile-group=own.mtx --set tile-group=").output.find(Line("tile-group", "")),
+              std::string::npos);
+}
+
+TEST_F(MaterialCommand, FountainIsSetAsItIsShown) {
+    const std::string colors = "#102030,25:#FF0000,#FFFFFF";
+    EXPECT_NE(Run("--set fountain=" + colors).output.find(Line("fountain", colors)),
+              std::string::npos);
+    EXPECT_EQ(Run("--set fountain=" + colors + " -o a.mtrl").status, 0);
+    EXPECT_NE(Run("a.mtrl --json").output.find("\"fountain\": \"" + colors + "\""),
+              std::string::npos);
+    const std::string gradient = "--set mode=gradient --set two-color=no --size 9x9 ";
+    EXPECT_EQ(Picture(gradient + "a.mtrl"), Picture(gradient + "--set fountain=" + colors));
+    EXPECT_NE(Picture(gradient + "a.mtrl"), Picture(gradient));
+}
+
 TEST_F(MaterialCommand, RefusesFilesThatAreNone) {
-    ExpectRefusal(Run("nosuch.mtrl"), 1, "nosuch.mtrl: cannot be opened");
+    ExpectRefusal(Run("nosuch.mtrl"), 1, "nosuch.mtrl: cannot be read: No such file or directory");
     Run("-o a.mtrl");
     std::string bytes = folder_.Text("a.mtrl");
     folder_.Write("short.mtrl", bytes.substr(0, 1269));
@@ -127,7 +170,7 @@ TEST_F(MaterialCommand, RefusesWrongUse) {
     ExpectRefusal(Run("--size 64"), 2, "--size: '64' is not");
     ExpectRefusal(Run("--size 64x4097"), 2, "--size: '64x4097' is not");
     ExpectRefusal(Run("-o nosuch/a.mtrl"), 1, "nosuch/a.mtrl");
-    ExpectRefusal(Run("--set tile-group=" + std::string(261, 'a')), 2, "too long");
+    ExpectRefusal(Run("--set fountain=#000000"), 2, "fountain: '#000000' has one color");
 }
 
 TEST_F(MaterialCommand, DamagedTextureThatCannotBeRenderedIsToldAsSuch) {
