@@ -198,10 +198,11 @@ constexpr CommandRow kCommands[] = {
      "command.",
      RunGallery},
     {"tiles", kTilesBit, "[GROUP [INDEX]]", 0, 2, "List picture tiles, show one, change a group.",
-     "Lists the groups of tiles, or the tiles of a group; with INDEX and -o writes that tile as a "
-     "picture, with INDEX and --remove takes it out of a group of your own; --add adds a picture "
+     "Lists the groups of tiles, or the tiles of a group; with INDEX tells of that tile, with -o "
+     "writes it as a picture, with --remove takes it out of a group of your own; --add adds a "
+     "picture "
      "to one. GROUP is the name of a group of yours or of one that came with the program, or the "
-     "path of a .mtx file.",
+     "path of a .mtx file: what holds a / or names a file is a path.",
      RunTiles},
     {"material", kMaterialBit, "[FILE]", 0, 1, "Show, render or write a material (.mtrl).",
      "Takes a material out of FILE, or a plain one, and sets over it what --set says. Without -o "
@@ -211,17 +212,16 @@ constexpr CommandRow kCommands[] = {
     {"texture", kTextureBit, "[GROUP [ITEM]]", 0, 2, "List textures, or render one.",
      "Lists the textures of a group, or tells whether one of them joins itself, by its kind and as "
      "it is measured; with -o writes its picture. GROUP is a group of yours, the one that came "
-     "with "
-     "the program, 'vorbelx1', which is also the default, or the path of a .fft file. ITEM is the "
+     "with the program, 'vorbelx1', which is also the default, or the path of a .fft file. ITEM is "
+     "the "
      "name of a texture or its index.",
      RunTexture},
     {"check", kCheckBit, "FILE", 1, 1, "Measure how smoothly a GIF joins itself.",
      "Compares the step from the right edge to the left, from the bottom to the top and from the "
      "last frame to the first with the steps inside, in any GIF. A join that is half as rough "
-     "again as "
-     "the roughest step inside, and more than one level of 255 rougher, is a seam, and then the "
-     "exit "
-     "status is 1.",
+     "again as the roughest step inside, and more than one level of 255 rougher, is a seam, and "
+     "then the "
+     "exit status is 1.",
      RunCheck},
     {"fountain", kFountainBit, "[FOUNTAIN]", 0, 1, "List, show, add and take out fountains.",
      "Without FOUNTAIN lists the fountains of a library by number and colors. FOUNTAIN is such a "
@@ -233,48 +233,71 @@ constexpr CommandRow kCommands[] = {
 };
 
 constexpr OptionRow kOptions[] = {
-    {"output", 'o', "FILE",
-     kBuildBit | kSampleBit | kEncodeBit | kGalleryBit | kDocumentBit | kTextureBit | kFountainBit |
-         kTilesBit | kMaterialBit,
-     "Write the result to FILE.",
-     "The ending decides the format. Animations: .gif; .webp, without loss; .png, animated; a name "
-     "that ends in / or .bmp, or has no ending, is a folder of .bmp frames as --frames writes it. "
-     "A GIF holds no 24-bit frames, so Truecolour starts as off for one. Pictures: .png or .bmp. "
-     "A gallery: a folder. A document: .qv1. A fountain or material: a picture, or .mtrl. "
-     "An existing file is replaced once the new one is whole.",
+    {"output", 'o', "FILE", kBuildBit, "Write the animation to FILE.",
+     "The ending decides the format: .gif; .webp, without loss; .png, animated; a name that ends "
+     "in / or .bmp, or has no ending, is a folder of .bmp frames as --frames writes it. '-' is "
+     "standard output, and a GIF. A GIF holds no 24-bit frames, so Truecolour starts as off for "
+     "one. An existing file is replaced once the new one is whole.",
      ApplyOutput, "the path of a file"},
+    {"output", 'o', "FILE", kEncodeBit, "Write the animation to FILE.",
+     "The ending decides the format: .gif; .webp, without loss; .png, animated; a name that ends "
+     "in / or .bmp, or has no ending, is a folder of .bmp frames as --frames writes it. '-' is "
+     "standard output, and a GIF. An existing file is replaced once the new one is whole.",
+     ApplyOutput, "the path of a file"},
+    {"output", 'o', "FILE", kSampleBit | kTextureBit | kTilesBit, "Write the picture to FILE.",
+     "The ending decides the format: .png or .bmp. '-' is standard output, and a PNG. An existing "
+     "file is replaced once the new one is whole.",
+     ApplyOutput, "the path of a file"},
+    {"output", 'o', "FILE", kFountainBit | kMaterialBit, "Write a picture or a .mtrl to FILE.",
+     "The ending decides: .png or .bmp is a picture, .mtrl a control's file. '-' is standard "
+     "output, "
+     "and a PNG. An existing file is replaced once the new one is whole.",
+     ApplyOutput, "the path of a file"},
+    {"output", 'o', "FILE", kDocumentBit, "Write the document to FILE, a .qv1.",
+     "An existing file is replaced once the new one is whole.", ApplyOutput, "the path of a file"},
+    {"output", 'o', "DIR", kGalleryBit, "Make the gallery in the folder DIR.",
+     "The folder is made where there is none, with those above it.", ApplyOutput,
+     "the path of a folder"},
     {"frames", 0, "DIR", kBuildBit | kEncodeBit, "Write each frame to the folder DIR besides.",
      "Frames stand as DIR/frame_00000.bmp and on, exactly as the plug-in hands them over, and what "
      "the pictures do not tell in DIR/animation.json: width, height, depth, palette, comment, and "
      "for each frame its delay and transparent index.",
      ApplyFrames, "the path of a folder"},
-    {"set", 0, "KEY=VALUE", kSettingCommands | kMaterialBit,
-     "Set one value; may be given many times.",
+    {"set", 0, "KEY=VALUE", kSettingCommands, "Set one value; may be given many times.",
      "Values are set in the order given. KEY is a parameter of the style ('seed'; see "
      "'tessellomatics params'), a configuration key ('Style000Seed'), a control id ('112'), or one "
      "of delay, dither, supercompress, mask-background, custom-palette, palette, true-color, "
      "comment, effect, dither-brightness, dither-contrast, fast-remap. VALUE is a number, decimal "
-     "or with 0x; for a colour also #RRGGBB; for a check box also yes or no; for a list also the "
-     "text of a choice; for a fountain colors as 'tessellomatics fountain' takes them, or the "
+     "or with 0x; for a colour also #RRGGBB; for a check box also yes or no; for a list the text "
+     "of a choice, or its index where the texts are words; for a fountain colors as "
+     "'tessellomatics fountain' takes them, or the "
      "digits of a document; for a tile its index in the group, or for its control id the digits. A "
-     "value out of range is an error. The keys of 'material' are those that it shows.",
-     ApplySet, "KEY=VALUE"},
+     "value out of range is an error. A delay is 1 to 25 hundredths of a second, or 1 to 250 "
+     "milliseconds with --host milliseconds.",
+     ApplySet, "KEY=VALUE", true},
+    {"set", 0, "KEY=VALUE", kMaterialBit, "Set one value; may be given many times.",
+     "Values are set in the order given. KEY is one of those that the command shows. VALUE is as "
+     "it is shown, or a number; for a colour #RRGGBB, for tile-group the name of a group or the "
+     "path of a .mtx file.",
+     ApplySet, "KEY=VALUE", true},
     {"document", 0, "FILE", kSettingCommands, "Set all that a .qv1 document holds.",
      "Counts in its place among the --set. STYLE, where it is given, goes before the document's.",
-     ApplyDocument, "the path of a file"},
+     ApplyDocument, "the path of a file", true},
     {"config", 0, "FILE", kSettingCommands, "Set all that a configuration file holds.",
      "Counts in its place among the --set. STYLE, where it is given, goes before the file's.",
-     ApplyConfig, "the path of a file"},
-    {"tile", 0, "TILE", kSettingCommands, "Choose the tile of Mural.",
+     ApplyConfig, "the path of a file", true},
+    {"tile", 0, "TILE", kSettingCommands & ~unsigned{kDocumentBit}, "Choose the tile of Mural.",
      "GROUP:INDEX is a tile of a group, as 'tessellomatics tiles' lists them; counts in its place "
-     "among the --set. A picture (.png, .bmp, .ppm) is taken as it is; a document, which names "
-     "tiles by their group, cannot hold one.",
-     ApplyTile, "GROUP:INDEX or the path of a picture"},
-    {"fountain", 0, "KEY=FILE", kSettingCommands & ~unsigned{kConfigBit},
-     "Read a fountain's colors from a file.",
+     "among the --set. A picture (.png, .bmp, .ppm) is taken as it is.",
+     ApplyTile, "GROUP:INDEX or the path of a picture", true},
+    {"tile", 0, "GROUP:INDEX", kDocumentBit, "Choose the tile of Mural.",
+     "A tile of a group, as 'tessellomatics tiles' lists them; counts in its place among the "
+     "--set. A document names tiles by their group, so it cannot hold a picture.",
+     ApplyTile, "GROUP:INDEX", true},
+    {"fountain", 0, "KEY=FILE", kSettingCommands, "Read a fountain's colors from a file.",
      "KEY is as for --set, FILE a control's file (Fountain00270.mtrl). Counts in its place among "
      "the --set.",
-     ApplyFountain, "KEY=FILE"},
+     ApplyFountain, "KEY=FILE", true},
     {"save", 0, nullptr, kSettingCommands, "Save the values to the user's configuration.",
      "The next run starts from them, unless --defaults is given. Without it nothing is saved.",
      ApplySave, nullptr},
@@ -285,9 +308,12 @@ constexpr OptionRow kOptions[] = {
      "'hundredths' of a second or 'milliseconds'. Supercompress is open to a host in hundredths "
      "alone. Default: hundredths.",
      ApplyHost, "'hundredths' or 'milliseconds'"},
-    {"host-true-color", 0, "YES", kSettingCommands, "Be a host that takes 24-bit frames, or not.",
-     "For such a host the preview takes delays as milliseconds. Default: yes, but for 'preview' "
-     "only with --host milliseconds.",
+    {"host-true-color", 0, "YES", kSettingCommands & ~unsigned{kPreviewBit},
+     "Be a host that takes 24-bit frames, or not.", "'yes' or 'no'. Default: yes.",
+     ApplyHostTrueColor, "'yes' or 'no'"},
+    {"host-true-color", 0, "YES", kPreviewBit, "Be a host that takes 24-bit frames, or not.",
+     "'yes' or 'no'. For such a host the preview takes delays as milliseconds. Default: yes with "
+     "--host milliseconds, else no.",
      ApplyHostTrueColor, "'yes' or 'no'"},
     {"folder", 0, "DIR", kPreviewBit, "Write the preview to DIR.",
      "Default: the program's folder among the user's own data.", ApplyFolder,
@@ -307,28 +333,32 @@ constexpr OptionRow kOptions[] = {
     {"supercompress", 0, nullptr, kEncodeBit, "Make pixels transparent that do not change.", "",
      ApplySupercompress, nullptr},
     {"delay", 0, "HUNDREDTHS", kEncodeBit, "Show each frame for so many hundredths of a second.",
-     "1 to 65535. Default: 4.", ApplyDelay, "a number from 1 to 65535"},
+     "1 to 65535, as far as a GIF goes. Default: 4.", ApplyDelay, "a number from 1 to 65535"},
     {"library", 0, "FILE", kFountainBit, "Work on the library FILE.",
      "Default: FountainLibrary.fll in the program's folder among the user's own data.",
      ApplyLibrary, "the path of a file"},
-    {"add", 0, "ITEM", kFountainBit | kTilesBit,
-     "Add a fountain to the library, or a picture to the group.",
-     "Prints the fountain's number. A picture is a .png, .bmp or .ppm of which one side at least "
-     "has 512 pixels or fewer; several may be added at once. The library, or the group, is made "
-     "where there is none.",
-     ApplyAdd, "a fountain or the path of a picture"},
-    {"remove", 0, nullptr, kFountainBit | kTilesBit,
-     "Take the entry out of the library, or the tile out of the group.",
+    {"add", 0, "FOUNTAIN", kFountainBit, "Add a fountain to the library; may be given many times.",
+     "Prints the number of each. The library is made where there is none.", ApplyAdd, "a fountain",
+     true},
+    {"add", 0, "PICTURE", kTilesBit, "Add a picture to the group; may be given many times.",
+     "A picture is a .png, .bmp or .ppm of which one side at least has 512 "
+     "pixels or fewer. The group is made where there is none.",
+     ApplyAdd, "the path of a picture", true},
+    {"remove", 0, nullptr, kFountainBit, "Take the fountain out of the library.",
      "With -o it is written there first. A library without entries is removed.", ApplyRemove,
      nullptr},
-    {"size", 0, "WxH", kTextureBit | kFountainBit | kMaterialBit, "Render at that many pixels.",
-     "1x1 to 4096x4096. Default: 128x128 for a texture or material, 181x30 for a fountain.",
-     ApplySize, "WIDTHxHEIGHT, each 1 to 4096"},
+    {"remove", 0, nullptr, kTilesBit, "Take the tile out of the group.",
+     "With -o it is written there first.", ApplyRemove, nullptr},
+    {"size", 0, "WxH", kTextureBit | kMaterialBit, "Render at that many pixels.",
+     "1x1 to 4096x4096. Default: 128x128.", ApplySize, "WIDTHxHEIGHT, each 1 to 4096"},
+    {"size", 0, "WxH", kFountainBit, "Render at that many pixels.",
+     "1x1 to 4096x4096. Default: 181x30.", ApplySize, "WIDTHxHEIGHT, each 1 to 4096"},
     {"json", 0, nullptr,
      kStylesBit | kParamsBit | kDocumentBit | kCheckBit | kTextureBit | kFountainBit | kTilesBit |
          kMaterialBit,
      "Write JSON, for programs.", "", ApplyJson, nullptr},
-    {"quiet", 'q', nullptr, kAllCommands, "Show no progress.", "", ApplyQuiet, nullptr},
+    {"quiet", 'q', nullptr, kAllCommands, "Show no progress.",
+     "Nor a notice of what stands for something that is missing.", ApplyQuiet, nullptr},
     {"help", 'h', nullptr, kAllCommands, "Show help and end.", "", ApplyHelp, nullptr},
     {"version", 'V', nullptr, kAllCommands, "Show the version and end.", "", ApplyVersion, nullptr},
 };

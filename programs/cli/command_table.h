@@ -40,6 +40,7 @@ struct CommandRow {
     int (*Run)(const Request& request);
 };
 
+/// What differs between commands has a row for each; no command has two of one name.
 struct OptionRow {
     const char* Name;   ///< without the dashes
     char Letter;        ///< 0 for none
@@ -49,7 +50,8 @@ struct OptionRow {
     const char* LongHelp;  ///< "" where the short help says it all
     /// Notes it in the request. Returns false for a value that it does not take.
     bool (*Apply)(Request& request, std::string_view value);
-    const char* Takes;  ///< what values it takes, for the message; null without a value
+    const char* Takes;     ///< what values it takes, for the message; null without a value
+    bool Repeats = false;  ///< each time that it is given counts, not the last alone
 };
 
 [[nodiscard]] std::span<const CommandRow> Commands();

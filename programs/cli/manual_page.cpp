@@ -66,10 +66,30 @@ constexpr char kEnd[] =
     ".TP\n1\nIt failed; standard error says why.\n"
     ".TP\n2\nThe command line is wrong; standard error says where.\n"
     ".SH FILES\n"
-    "What \\fB\\-\\-save\\fR keeps, and the preview, stand in\n"
+    "The program keeps its files in\n"
     ".I $XDG_DATA_HOME/Quorvenstadtholme\n"
     "(without that variable, in\n"
-    ".IR ~/.local/share/Quorvenstadtholme ).\n";
+    ".IR ~/.local/share/Quorvenstadtholme ).\n"
+    ".TP\n.I vorbelx1.ini\n"
+    "The saved configuration: what \\fB\\-\\-save\\fR keeps and every later run starts from.\n"
+    ".TP\n.I Tessellomatics 1/\n"
+    "The preview, the library of fountains, and groups of textures and tiles.\n"
+    ".SH EXAMPLES\n"
+    ".TP\nMake a tile, and see it as the background of a page:\n"
+    "tessellomatics build bubbles \\-o bubbles.gif\n"
+    ".br\ntessellomatics preview bubbles\n"
+    ".TP\nWhat a style takes, and another tile of it:\n"
+    "tessellomatics params gumdrops\n"
+    ".br\ntessellomatics build gumdrops \\-\\-set seed=777 \\-\\-set background=#402000 "
+    "\\-o brown.webp\n"
+    ".TP\nA GIF to another program, and what it says of the tile's joins:\n"
+    "tessellomatics build bubbles \\-o \\- | gifsicle \\-O3 >small.gif\n"
+    ".br\ntessellomatics check small.gif\n"
+    ".TP\nPictures of your own, as 16 colors:\n"
+    "tessellomatics encode frames/*.png \\-\\-colors 16 \\-\\-dither \\-o mine.gif\n"
+    ".TP\nValues that later runs start from, and an end of them:\n"
+    "tessellomatics config \\-\\-set delay=6 \\-\\-save\n"
+    ".br\ntessellomatics config \\-\\-defaults \\-\\-save\n";
 
 }  // namespace
 

@@ -21,13 +21,16 @@ TEST(CommandTable, CommandNamesAndBitsAreUnique) {
     EXPECT_EQ(bits, kAllCommands);
 }
 
-TEST(CommandTable, OptionNamesAndLettersAreUnique) {
-    std::set<std::string> names;
-    std::set<char> letters;
-    for (const OptionRow& option : Options()) {
-        EXPECT_TRUE(names.insert(option.Name).second) << option.Name;
-        if (option.Letter == 0) continue;
-        EXPECT_TRUE(letters.insert(option.Letter).second) << option.Name;
+TEST(CommandTable, OptionNamesAndLettersAreUniqueInEachCommand) {
+    for (const CommandRow& command : Commands()) {
+        std::set<std::string> names;
+        std::set<char> letters;
+        for (const OptionRow& option : Options()) {
+            if ((option.Commands & command.Bit) == 0) continue;
+            EXPECT_TRUE(names.insert(option.Name).second) << command.Name << " " << option.Name;
+            if (option.Letter == 0) continue;
+            EXPECT_TRUE(letters.insert(option.Letter).second) << command.Name << option.Name;
+        }
     }
 }
 
@@ -62,16 +65,29 @@ TEST(HelpText, ProgramHelpNamesEveryCommand) {
 
 TEST(HelpText, CommandHelpNamesItsOptionsAndNoOthers) {
     for (const CommandRow& command : Commands()) {
-        const std::string help = CommandHelp(command);
+        std::set<std::string> taken, named;
         for (const OptionRow& option : Options()) {
-            const bool named =
-                help.find(std::string("--") + option.Name + "\n") != std::string::npos ||
-                (option.Value != nullptr && help.find(std::string("--") + option.Name + " " +
-                                                      option.Value + "\n") != std::string::npos);
-            EXPECT_EQ(named, (option.Commands & command.Bit) != 0)
-                << command.Name << " " << option.Name;
+            const std::string value =
+                option.Value != nullptr ? std::string(" ") + option.Value : std::string();
+            const std::string head = std::string("--") + option.Name + value + "\n";
+            if ((option.Commands & command.Bit) != 0) taken.insert(head);
+            if (CommandHelp(command).find(head) != std::string::npos) named.insert(head);
         }
+        EXPECT_EQ(named, taken) << command.Name;
     }
+}
+
+TEST(HelpText, CommandHelpTellsNothingOfOtherCommands) {
+    const auto tells = [](const char* command, const char* text) {
+        return CommandHelp(*FindCommand(command)).find(text) != std::string::npos;
+    };
+    EXPECT_TRUE(tells("build", ".webp"));
+    EXPECT_TRUE(tells("sample", ".png or .bmp"));
+    for (const char* command : {"sample", "gallery", "document", "tiles", "material"})
+        EXPECT_FALSE(tells(command, ".webp")) << command;
+    EXPECT_TRUE(tells("gallery", "--output DIR"));
+    EXPECT_FALSE(tells("tiles", "fountain"));
+    EXPECT_FALSE(tells("material", "Style000Seed"));
 }
 
 TEST(HelpText, LinesFitATerminal) {
