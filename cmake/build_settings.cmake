@@ -45,6 +45,9 @@ endif()
 if(TESSELLOMATICS_FUZZ)
   set(coverage_options -fsanitize=fuzzer-no-link)
   set(folders_that_draw raster runtime toolkit)
+  file(GLOB sources_that_draw fills/*_texture.cpp fills/lattice_noise.cpp)
+  set_source_files_properties(${sources_that_draw} PROPERTIES
+    COMPILE_OPTIONS -fno-sanitize=fuzzer-no-link)
 endif()
 
 if(TESSELLOMATICS_COVERAGE)

@@ -1,6 +1,7 @@
-// Any text as a document, read into a dialog with controls of every kind. What was read is
-// a state that is written and read back as it is; the records that controls own are then
-// drawn and worked on with the mouse, as a user would.
+// Any text as a document, read into a dialog with controls of every kind: judged first as the
+// command line does, then read. What was read is a state that is written and read back as it
+// is; the records that controls own are then drawn and worked on with the mouse, as a user
+// would.
 //
 // Each input has a dialog of its own, with the panels of a few styles and, where the main
 // dialog has its sample, a material button.
@@ -16,6 +17,7 @@
 #include "fills/matrix_control.h"
 #include "platform/files.h"
 #include "platform/headless_user.h"
+#include "programs/cli/document_file.h"
 #include "shell/document.h"
 #include "shell/main_dialog.h"
 #include "shell/style_table.h"
@@ -72,11 +74,20 @@ void DrawRecords(WindowHandle dialog) {
     FreeMaterial(ReadMaterialButton(platform::Control(dialog, kMaterialButton)));
 }
 
+void Judge(WindowHandle dialog, const std::string& document) {
+    static const fuzz::InputFile file;
+    file.Put(reinterpret_cast<const std::uint8_t*>(document.data()), document.size());
+    const DocumentFile judged = CheckDocumentFile(dialog, file.Path());
+    fuzz::Expect(judged.Fault.empty() || judged.Fault.starts_with(file.Path()),
+                 "a fault names the file");
+}
+
 void ReadInput(WindowHandle dialog, std::string_view input) {
     // Writing all lines and reading them takes longer than most inputs.
     constexpr std::size_t kSeldom = 8;
-    static_cast<void>(ReadDocumentText(dialog, input));
     const std::string whole = kHeader + std::string(input);
+    Judge(dialog, whole);
+    static_cast<void>(ReadDocumentText(dialog, input));
     fuzz::Expect(ReadDocumentText(dialog, whole) == 1, "a document with its header is read");
     if (input.size() % kSeldom == 0) {
         const std::string written = Written(dialog);
