@@ -58,6 +58,8 @@ struct TaskRecord {
 };
 static_assert(sizeof(TaskRecord) == 1080);
 static_assert(offsetof(TaskRecord, Window) == 8);
+static_assert(offsetof(TaskRecord, Depth) == 20);
+static_assert(offsetof(TaskRecord, Width) == 24 && offsetof(TaskRecord, Height) == 28);
 static_assert(offsetof(TaskRecord, Palette) == 32);
 static_assert(offsetof(TaskRecord, FrameCount) == 804);
 static_assert(offsetof(TaskRecord, BackgroundIndex) == 1072);
@@ -76,7 +78,10 @@ struct ImageRecord {
     std::uint8_t Reserved44[68];
 };
 static_assert(sizeof(ImageRecord) == 112);
+static_assert(offsetof(ImageRecord, Image) == 8);
+static_assert(offsetof(ImageRecord, RestoreToBackground) == 20);
 static_assert(offsetof(ImageRecord, Delay) == 32);
+static_assert(offsetof(ImageRecord, FrameNumber) == 36);
 static_assert(offsetof(ImageRecord, TransparentIndex) == 40);
 
 /// What the host's colour chooser is given and gives back.

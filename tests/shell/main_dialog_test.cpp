@@ -26,6 +26,11 @@ std::uint32_t ValueOf(int style, int control) {
     return 0xDEADBEEF;
 }
 
+void Notify(WindowHandle dialog, int id, platform::Notification notification) {
+    const auto code = static_cast<std::uintptr_t>(notification) << 16;
+    platform::SendToWindow(dialog, platform::kMessageCommand, code | static_cast<unsigned>(id), 0);
+}
+
 TEST_F(MainDialogTest, OpensWithTheSavedStyleAndItsTitle) {
     const int result = InDialog([](WindowHandle dialog) {
         EXPECT_EQ(platform::Title(dialog), "Tessellomatics #1");
@@ -63,8 +68,9 @@ TEST_F(MainDialogTest, PanelIdsNeverCollide) {
     }
 }
 
-TEST_F(MainDialogTest, EveryParameterHasItsControlAndEverySpinnerStartsInItsRange) {
+TEST_F(MainDialogTest, EveryParameterHasItsControlAndAllSpinnersButThreeStartInTheirRange) {
     InDialog([](WindowHandle dialog) {
+        std::vector<std::string> outside;  // meant so: read as the nearer end of the range
         for (const StyleEntry* style : StyleTable) {
             for (const StyleParameter& parameter : style->Parameters) {
                 EXPECT_NE(platform::Control(dialog, parameter.ControlId), nullptr) << parameter.Key;
@@ -75,9 +81,14 @@ TEST_F(MainDialogTest, EveryParameterHasItsControlAndEverySpinnerStartsInItsRang
                               &range),
                           3)
                     << parameter.Key;
-                EXPECT_LE(range.minimum, range.maximum);
+                EXPECT_LE(range.minimum, range.maximum) << parameter.Key;
+                const int start = static_cast<int>(parameter.Start);
+                if (start < range.minimum || start > range.maximum)
+                    outside.emplace_back(parameter.Key);
             }
         }
+        EXPECT_EQ(outside, (std::vector<std::string>{"Style018ShadowOffset",
+                                                     "Style018ShadowOpacity", "Style015Density"}));
     });
 }
 
@@ -116,7 +127,7 @@ TEST_F(MainDialogTest, ValueAboveTheMaximumStaysTypedAndCountsAsTheMaximum) {
     });
 }
 
-TEST_F(MainDialogTest, ChosenColorReachesTextAndVariableAndCancelChangesNothing) {
+TEST_F(MainDialogTest, ChosenColorReachesTextAndVariable) {
     InDialog([](WindowHandle dialog) {
         platform::ChooseItem(dialog, kEffectList, kBubbles);
         platform::ClickControl(dialog, kBubblesColor1);
@@ -125,6 +136,37 @@ TEST_F(MainDialogTest, ChosenColorReachesTextAndVariableAndCancelChangesNothing)
         platform::ClickControl(dialog, kBubblesColor1);
         EXPECT_EQ(platform::ControlText(dialog, kBubblesColor1), "255");
         EXPECT_EQ(ValueOf(kBubbles, kBubblesColor1), 255u);
+    });
+}
+
+TEST_F(MainDialogTest, CancelledChooserLeavesTextVariableAndSample) {
+    InDialog([](WindowHandle dialog) {
+        platform::ChooseItem(dialog, kEffectList, kBubbles);
+        const std::string text = platform::ControlText(dialog, kBubblesColor1);
+        const std::uint32_t value = ValueOf(kBubbles, kBubblesColor1);
+        const int repaints = platform::RepaintCount(dialog, kSampleBox);
+        platform::ClickControl(dialog, kBubblesColor1);
+        EXPECT_EQ(platform::ControlText(dialog, kBubblesColor1), text);
+        EXPECT_EQ(ValueOf(kBubbles, kBubblesColor1), value);
+        EXPECT_EQ(platform::RepaintCount(dialog, kSampleBox), repaints);
+    });
+}
+
+TEST_F(MainDialogTest, ListsActWhenTheyCloseAndNotWhenTheirSelectionChanges) {
+    InDialog([](WindowHandle dialog) {
+        const std::uint32_t effect = MainEffect, palette = MainPalette;
+        const int repaints = platform::RepaintCount(dialog, kSampleBox);
+        for (const int list : {int{kEffectList}, int{kPaletteList}}) {
+            platform::SetSelection(dialog, list, 3);
+            Notify(dialog, list, platform::Notification::ListSelected);
+        }
+        EXPECT_EQ(MainEffect, effect);
+        EXPECT_EQ(MainPalette, palette);
+        EXPECT_EQ(platform::RepaintCount(dialog, kSampleBox), repaints);
+        for (const int list : {int{kEffectList}, int{kPaletteList}})
+            Notify(dialog, list, platform::Notification::ComboClosed);
+        EXPECT_EQ(MainEffect, 3u);
+        EXPECT_EQ(MainPalette, 3u);
     });
 }
 
