@@ -25,7 +25,6 @@ constexpr int kWavelet = 18;
 constexpr int kWaveletScroll = 765;
 
 // Controls of the other dialogs.
-constexpr int kMessageText = 101;
 constexpr int kAboutLogo = 106;
 constexpr int kFileName = 0x47C, kFileNameEdit = 0x480;  // of the system's file dialogs
 
@@ -259,8 +258,8 @@ TEST_F(PluginDialog, LogoTurnsInTheDialogAndInAbout) {
     EXPECT_EQ(box.bottom, 52);
     EXPECT_TRUE(turns(GetDlgItem(about, kAboutLogo)));
     WindowPicture(about).Keep("about");
-    Click(about, IDOK);
-    EXPECT_EQ(run.WaitForDialog(kProgramName), dialog);
+    EXPECT_TRUE(EndWith(about, IDOK));
+    EXPECT_TRUE(IsWindowEnabled(dialog));
 }
 
 TEST_F(PluginDialog, DamagedDocumentIsToldAndChangesNothing) {
@@ -273,14 +272,10 @@ TEST_F(PluginDialog, DamagedDocumentIsToldAndChangesNothing) {
     HWND open = run.WaitForDialog("Open");
     ASSERT_NE(open, nullptr);
     NameFile(open, path);
-    HWND message = nullptr;
-    ASSERT_TRUE(WaitUntil([&] {
-        message = run.WaitForDialog(kProgramName);
-        return message != dialog;
-    }));
+    HWND message = run.WaitForMessage("This file");
+    ASSERT_NE(message, nullptr);
     EXPECT_EQ(TextOf(message, kMessageText), "This file has been damaged.");
-    Click(message, IDOK);
-    EXPECT_EQ(run.WaitForDialog(kProgramName), dialog);
+    EXPECT_TRUE(EndWith(message, IDOK));
     EXPECT_EQ(TextOf(dialog, kWidth), "128");
 }
 

@@ -207,8 +207,7 @@ TEST_F(PluginFountain, MenuOfAMarkerOpensItsPosition) {
     PressKey(position, kPositionEdit, VK_UP);
     EXPECT_EQ(TextOf(position, kPositionEdit), "129");
     Type(position, kPositionEdit, "140");
-    Click(position, IDOK);
-    ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(Dialog()) != FALSE; }));
+    ASSERT_TRUE(EndWith(position, IDOK));
     EXPECT_EQ(PositionsOf(Close(run)), (std::vector<int>{32, 64, 96, 140, 160, 192, 224}));
 }
 
@@ -257,8 +256,7 @@ TEST_F(PluginFountain, LibraryIsOrderedByTheMouseAndGivesItsColors) {
     Click(library, kDeleteEntry);
     EXPECT_EQ(SendMessageA(list, LB_GETCURSEL, 0, 0), 6);
     SendMessageA(list, LB_SETCURSEL, 0, 0);
-    Click(library, IDOK);
-    ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(Dialog()) != FALSE; }));
+    ASSERT_TRUE(EndWith(library, IDOK));
     EXPECT_EQ(LibraryStarts(), (std::vector<ColorWord>{0xFF0000, 0x0000FF, 0x00FF00, 0x00FFFF,
                                                        0xFF00FF, 0xFFFF00, 0x808080}));
     const Fountain fountain = Close(run);
@@ -277,23 +275,22 @@ TEST_F(PluginFountain, DoubleClickInTheLibraryTakesTheEntry) {
     HWND list = GetDlgItem(library, kLibraryList);
     for (const UINT message : {UINT{WM_LBUTTONDOWN}, UINT{WM_LBUTTONUP}, UINT{WM_LBUTTONDBLCLK}})
         PostMessageA(list, message, 0, MAKELPARAM(30, kEntryHeight + 20));
-    ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(Dialog()) != FALSE; }));
+    ASSERT_TRUE(WaitUntil([&] { return !IsWindow(library); }));
     EXPECT_EQ(ColorWord{Close(run).Start}, 0x00FF00u);
 }
 
 TEST_F(PluginFountain, MissingLibraryIsTold) {
-    constexpr int kMessageText = 101;
     PluginRun run(plugin_);
     HWND button = Open(run);
     ASSERT_NE(button, nullptr);
     PostMessageA(button, WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(60, kStripRow));
     ChooseFromMenu(button, 1);
-    HWND message = run.WaitForDialog("Tessellomatics #1");
+    HWND message = run.WaitForMessage("There has been an error");
     ASSERT_NE(message, nullptr);
     EXPECT_EQ(TextOf(message, kMessageText),
               "There has been an error loading the fountain library.");
-    Click(message, IDOK);
-    EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(Dialog()) != FALSE; }));
+    EXPECT_TRUE(EndWith(message, IDOK));
+    EXPECT_TRUE(IsWindowEnabled(Dialog()));
 }
 
 }  // namespace

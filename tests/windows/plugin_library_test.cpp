@@ -88,9 +88,9 @@ TEST(PluginLibrary, OldHostIsRefusedWithAText) {
     HostRecord host;
     host.version = 0x0F00;
     PluginRun run(plugin, host);
-    HWND message = run.WaitForDialog("Tessellomatics #1");
+    HWND message = run.WaitForMessage("You need a newer version");
     ASSERT_NE(message, nullptr);
-    EXPECT_EQ(TextOf(message, 101),
+    EXPECT_EQ(TextOf(message, kMessageText),
               "You need a newer version of Zandervault Professional or Murgaloft to support this "
               "plugin.\n\nPlease visit the Quorvenstadtholme web page to update your software.");
     Click(message, IDOK);

@@ -233,6 +233,20 @@ HWND PluginRun::WaitForDialog(const std::string& title) const {
     return came ? dialog : nullptr;
 }
 
+HWND PluginRun::WaitForMessage(const std::string& beginning) const {
+    HWND message = nullptr;
+    const bool came = WaitUntil([&] {
+        for (HWND window : TopWindows()) {
+            if (IsWindowEnabled(window) && TitleOf(window) == kProgramName &&
+                TextOf(window, kMessageText).starts_with(beginning)) {
+                message = window;
+            }
+        }
+        return message != nullptr;
+    });
+    return came ? message : nullptr;
+}
+
 HWND PluginRun::WaitForMainDialog() const {
     HWND dialog = WaitForDialog(kProgramName);
     if (dialog == nullptr) return nullptr;
@@ -279,6 +293,11 @@ HeldShift::~HeldShift() {
 
 void Click(HWND dialog, int id) {
     SendMessageA(GetDlgItem(dialog, id), BM_CLICK, 0, 0);
+}
+
+bool EndWith(HWND dialog, int id) {
+    Click(dialog, id);
+    return WaitUntil([dialog] { return !IsWindow(dialog); });
 }
 
 void Type(HWND dialog, int id, const std::string& text) {

@@ -69,6 +69,9 @@ public:
 
     /// Waits for a dialog of the run with this title. Null when none comes.
     [[nodiscard]] HWND WaitForDialog(const std::string& title) const;
+    /// Waits for a message whose text begins so; its title, the program's name, is the main
+    /// dialog's as well. Null when none comes.
+    [[nodiscard]] HWND WaitForMessage(const std::string& beginning) const;
     /// Waits for the main dialog, open and shown with its style.
     [[nodiscard]] HWND WaitForMainDialog() const;
     /// Waits for the end. Returns what the library returned, -1 when it does not end.
@@ -99,9 +102,15 @@ private:
     DWORD thread_;
 };
 
+/// The text of a message.
+constexpr int kMessageText = 101;
+
 // What a user does to a control of a dialog.
 
 void Click(HWND dialog, int id);
+/// Clicks a button that ends a dialog and waits until the dialog is gone: its owner is enabled
+/// before, while the caller of the dialog has its answer still to come. Returns whether it went.
+[[nodiscard]] bool EndWith(HWND dialog, int id);
 void Type(HWND dialog, int id, const std::string& text);
 void Choose(HWND dialog, int id, int index);
 void PressKey(HWND dialog, int id, WPARAM key);
