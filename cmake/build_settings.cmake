@@ -12,6 +12,7 @@ option(TESSELLOMATICS_SANITIZE "Build with AddressSanitizer and UBSan" OFF)
 option(TESSELLOMATICS_FUZZ "Build the fuzzers of tests/fuzz/ and no other test; wants clang++" OFF)
 option(TESSELLOMATICS_BENCHMARKS "Build the benchmarks" OFF)
 option(TESSELLOMATICS_COVERAGE "Count the lines that run, for tools/coverage" OFF)
+option(TESSELLOMATICS_BUILD_TOOLS_ALONE "Build the programs that a build runs and no more, as a cross build does beside itself" OFF)
 
 # Off to build as for a processor without it.
 include(CheckIncludeFileCXX)
