@@ -233,6 +233,23 @@ Color PaintTerrazzo(double x, double y) {
     return color;
 }
 
+struct GlazeRing {
+    double radius;  ///< where it ends, in stones
+    std::uint32_t glaze;
+};
+
+constexpr GlazeRing kMiddleRings[] = {
+    {1.7, 0xD9902F}, {3.3, 0x8E2F2B}, {4.6, 0xE8C77A}, {6.2, 0x24647A}};
+constexpr GlazeRing kCornerRings[] = {{1.9, 0x8E2F2B}, {3.2, 0x3F8C8C}};
+
+/// The glaze of the ring at a distance from the rings' middle; `otherwise` outside of all.
+std::uint32_t GlazeAt(std::span<const GlazeRing> rings, double distance, std::uint32_t otherwise) {
+    for (const GlazeRing& ring : rings) {
+        if (distance < ring.radius) return ring.glaze;
+    }
+    return otherwise;
+}
+
 /// Small glazed stones in a pattern of rings, with uneven joints.
 Color PaintMosaic(double x, double y) {
     constexpr double kStone = 8;
@@ -244,20 +261,9 @@ Color PaintMosaic(double x, double y) {
     const double dx = std::fabs(px), dy = std::fabs(py);
     const double radius = std::sqrt(px * px + py * py);
     const double corner = std::sqrt((8 - dx) * (8 - dx) + (8 - dy) * (8 - dy));
-    Color glaze = Rgb(0xEFE7D3);
-    if (radius < 1.7)
-        glaze = Rgb(0xD9902F);
-    else if (radius < 3.3)
-        glaze = Rgb(0x8E2F2B);
-    else if (radius < 4.6)
-        glaze = Rgb(0xE8C77A);
-    else if (radius < 6.2)
-        glaze = Rgb(0x24647A);
-    else if (corner < 1.9)
-        glaze = Rgb(0x8E2F2B);
-    else if (corner < 3.2)
-        glaze = Rgb(0x3F8C8C);
-    glaze = glaze * (0.86 + 0.24 * Hash(cell.column, cell.row, 393));
+    const std::uint32_t plain =
+        GlazeAt(kMiddleRings, radius, GlazeAt(kCornerRings, corner, 0xEFE7D3));
+    Color glaze = Rgb(plain) * (0.86 + 0.24 * Hash(cell.column, cell.row, 393));
     const double joint = SmoothStep(0.10, 0.24, gap);
     const double gloss = SmoothStep(0.36, 0.10,
                                     std::sqrt((cell.from_x + 0.14) * (cell.from_x + 0.14) +
