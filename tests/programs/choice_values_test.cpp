@@ -6,10 +6,10 @@
 namespace tess {
 namespace {
 
-using test::ProgramFolder;
 using test::ProgramRun;
+using test::ProgramRunTest;
 
-class ChoiceValues : public ::testing::Test {
+class ChoiceValues : public ProgramRunTest {
 protected:
     // What the configuration holds of `key` after `setting`, the index of a choice.
     std::string Chosen(const std::string& key, const std::string& setting) {
@@ -25,12 +25,8 @@ protected:
         return Chosen("Style012Rotation", "Style012Rotation=" + text);
     }
     void ExpectRefusal(const std::string& setting, const std::string& text) {
-        const ProgramRun run = folder_.Run("config --set '" + setting + "'");
-        EXPECT_EQ(run.status, 2) << setting;
-        EXPECT_NE(run.errors.find(text), std::string::npos) << run.errors;
+        ProgramRunTest::ExpectRefusal(Run("config --set '" + setting + "'"), 2, text);
     }
-
-    ProgramFolder folder_;
 };
 
 // "6;8;9;10;12;18;20;24;30;36;40;45;60"

@@ -8,16 +8,15 @@
 namespace tess {
 namespace {
 
-using test::ProgramFolder;
 using test::ProgramRun;
+using test::ProgramRunTest;
 
 constexpr char kTwo[] = "'#000000,25:#FF0000,#FFFFFF'";
 constexpr char kSmallFountain[] =
     "sample fountain --defaults --set width=64 --set depth=16 -o made.bmp ";
 
-class FountainProgram : public ::testing::Test {
+class FountainProgram : public ProgramRunTest {
 protected:
-    ProgramRun Run(const std::string& words) { return folder_.Run(words); }
     ProgramRun Library(const std::string& words) {
         return Run("fountain --library a.fll " + words);
     }
@@ -25,19 +24,11 @@ protected:
         ASSERT_EQ(Library(std::string("--add ") + kTwo).status, 0);
         ASSERT_EQ(Library("--add '#102030,#FF0000,#FFFFFF'").status, 0);
     }
-    void ExpectRefusal(const ProgramRun& run, int status, const std::string& text) {
-        EXPECT_EQ(run.status, status) << run.errors;
-        EXPECT_EQ(run.output, "");
-        EXPECT_EQ(run.errors.substr(0, 16), "tessellomatics: ");
-        EXPECT_NE(run.errors.find(text), std::string::npos) << run.errors;
-    }
     std::vector<std::uint8_t> Sample(const std::string& words) {
         const ProgramRun run = Run(kSmallFountain + words);
         EXPECT_EQ(run.status, 0) << run.errors;
         return folder_.Bytes("made.bmp");
     }
-
-    ProgramFolder folder_;
 };
 
 TEST_F(FountainProgram, LibraryIsListedByNumberAndColors) {

@@ -9,12 +9,12 @@
 namespace tess {
 namespace {
 
-using test::ProgramFolder;
 using test::ProgramRun;
+using test::ProgramRunTest;
 
 constexpr char kUserGroups[] = "data/Quorvenstadtholme/Tessellomatics 1";
 
-class GroupNames : public ::testing::Test {
+class GroupNames : public ProgramRunTest {
 protected:
     GroupNames() {
         std::filesystem::create_directories(folder_.File(kUserGroups));
@@ -47,8 +47,6 @@ protected:
             EXPECT_EQ(run.errors.find(name) != std::string::npos, !is_there) << run.errors;
         }
     }
-
-    ProgramFolder folder_;
 };
 
 TEST_F(GroupNames, EverySpellingGoesWithEveryCommand) {

@@ -10,10 +10,10 @@
 namespace tess {
 namespace {
 
-using test::ProgramFolder;
 using test::ProgramRun;
+using test::ProgramRunTest;
 
-class MaterialCommand : public ::testing::Test {
+class MaterialCommand : public ProgramRunTest {
 protected:
     ProgramRun Run(const std::string& words) { return folder_.Run("material " + words); }
     // The pixels of a picture that the program makes with these words.
@@ -25,12 +25,6 @@ protected:
         EXPECT_EQ(error, "");
         return Pixels(picture.Get());
     }
-    void ExpectRefusal(const ProgramRun& run, int status, const std::string& text) {
-        EXPECT_EQ(run.status, status);
-        EXPECT_EQ(run.output, "");
-        EXPECT_EQ(run.errors.substr(0, 16), "tessellomatics: ");
-        EXPECT_NE(run.errors.find(text), std::string::npos) << run.errors;
-    }
     // A group of one tile, "own.mtx".
     void WriteOwnGroup() {
         EXPECT_EQ(Run("--size 4x4 -o tile.png").status, 0);
@@ -39,8 +33,6 @@ protected:
     static std::string Line(const std::string& key, const std::string& value) {
         return key + std::string(15 - key.size(), ' ') + value + "\n";
     }
-
-    ProgramFolder folder_;
 };
 
 TEST_F(MaterialCommand, ShowsAPlainOneWithoutAFile) {

@@ -10,30 +10,21 @@ namespace tess {
 namespace {
 
 namespace fs = std::filesystem;
-using test::ProgramFolder;
 using test::ProgramRun;
+using test::ProgramRunTest;
 
 constexpr char kBuild[] =
     "build bubbles --set width=32 --set depth=16 --set size=10 --set density=8 --set frames=3 ";
 
-class Output : public ::testing::Test {
+class Output : public ProgramRunTest {
 protected:
     ProgramRun Build(const std::string& words) { return folder_.Run(kBuild + words); }
 
-    // Refused, with one line that holds `text`, before anything is written.
-    void ExpectRefusal(const ProgramRun& run, int status, const std::string& text) {
-        EXPECT_EQ(run.status, status);
-        EXPECT_NE(run.errors.find(text), std::string::npos) << run.errors;
-        EXPECT_EQ(run.errors.find('\n'), run.errors.size() - 1) << run.errors;
-        EXPECT_EQ(run.output, "");
-    }
     [[nodiscard]] mode_t ModeOf(const std::string& name) const {
         struct stat found = {};
         EXPECT_EQ(stat(folder_.File(name).c_str(), &found), 0);
         return found.st_mode & 0777;
     }
-
-    ProgramFolder folder_;
 };
 
 TEST_F(Output, DashIsAGifOnStandardOutput) {

@@ -52,4 +52,18 @@ std::string ProgramFolder::Names() const {
     return text;
 }
 
+std::string ProgramRunTest::Output(const std::string& words) const {
+    const ProgramRun run = Run(words);
+    EXPECT_EQ(run.status, 0) << words << ": " << run.errors;
+    return run.output;
+}
+
+void ProgramRunTest::ExpectRefusal(const ProgramRun& run, int status, const std::string& text) {
+    EXPECT_EQ(run.status, status) << run.errors;
+    EXPECT_EQ(run.output, "");
+    EXPECT_TRUE(run.errors.starts_with("tessellomatics: ")) << run.errors;
+    EXPECT_NE(run.errors.find(text), std::string::npos) << run.errors;
+    EXPECT_EQ(std::count(run.errors.begin(), run.errors.end(), '\n'), 1) << run.errors;
+}
+
 }  // namespace tess::test

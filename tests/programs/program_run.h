@@ -1,6 +1,7 @@
 // Runs of the program itself, each in a folder of its own.
 #pragma once
 
+#include <gtest/gtest.h>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,21 @@ public:
 private:
     ScratchFolder folder_;
     ScratchFolder streams_;
+};
+
+/// A test of runs in a folder.
+class ProgramRunTest : public ::testing::Test {
+protected:
+    [[nodiscard]] ProgramRun Run(const std::string& words, const std::string& before = "") const {
+        return folder_.Run(words, before);
+    }
+    /// Runs what must go well. Returns what it prints.
+    std::string Output(const std::string& words) const;
+    /// The run was refused: the status, one line that begins with the program's name and
+    /// holds `text`, and nothing on standard output.
+    static void ExpectRefusal(const ProgramRun& run, int status, const std::string& text);
+
+    ProgramFolder folder_;
 };
 
 }  // namespace tess::test

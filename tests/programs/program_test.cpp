@@ -9,18 +9,15 @@
 namespace tess {
 namespace {
 
-using test::ProgramFolder;
 using test::ProgramRun;
+using test::ProgramRunTest;
 
 // A build that takes little time.
 constexpr char kSmallBuild[] =
     "build bubbles --set width=32 --set depth=16 --set size=10 --set density=8 --set frames=3 ";
 
-class ProgramTest : public ::testing::Test {
+class ProgramTest : public ProgramRunTest {
 protected:
-    ProgramRun Run(const std::string& words, const std::string& before = "") {
-        return folder_.Run(words, before);
-    }
     ProgramRun Build(const std::string& words) { return Run(kSmallBuild + words); }
     // The bytes of the GIF that the small build makes with these words.
     std::vector<std::uint8_t> Gif(const std::string& words) {
@@ -29,19 +26,13 @@ protected:
         return folder_.Bytes("made.gif");
     }
 
-    // Wrong use or failure: the status, one line that begins with the program's name
-    // and holds `text`, nothing on standard output and no file.
+    // Refused, and no file is made either.
     void ExpectRefusal(const ProgramRun& run, int status, const std::string& text) {
-        EXPECT_EQ(run.status, status);
-        EXPECT_EQ(run.output, "");
-        EXPECT_EQ(run.errors.substr(0, 16), "tessellomatics: ");
-        EXPECT_NE(run.errors.find(text), std::string::npos) << run.errors;
-        EXPECT_EQ(std::count(run.errors.begin(), run.errors.end(), '\n'), 1) << run.errors;
+        ProgramRunTest::ExpectRefusal(run, status, text);
         EXPECT_EQ(folder_.Names(), names_before_);
     }
     void NoteNames() { names_before_ = folder_.Names(); }
 
-    ProgramFolder folder_;
     std::string names_before_;
 };
 

@@ -13,21 +13,13 @@
 namespace tess {
 namespace {
 
-using test::ProgramFolder;
 using test::ProgramRun;
+using test::ProgramRunTest;
 
 constexpr char kSmall[] = " --set width=32 --set depth=16 --set size=10 --set density=8";
 
-class SavedValuesTest : public ::testing::Test {
+class SavedValuesTest : public ProgramRunTest {
 protected:
-    ProgramRun Run(const std::string& words, const std::string& before = "") {
-        return folder_.Run(words, before);
-    }
-    std::string Output(const std::string& words) {
-        const ProgramRun run = Run(words);
-        EXPECT_EQ(run.status, 0) << words << ": " << run.errors;
-        return run.output;
-    }
     // The configuration that a run with these words would save, line by line.
     std::string Config(const std::string& words) { return Output("config " + words); }
     static bool Holds(const std::string& text, const std::string& line) {
@@ -36,14 +28,6 @@ protected:
     void WriteDocument(const std::string& words) {
         ASSERT_EQ(Output("document -o a.qv1 " + words), "");
     }
-    void ExpectRefusal(const ProgramRun& run, int status, const std::string& text) {
-        EXPECT_EQ(run.status, status);
-        EXPECT_EQ(run.output, "");
-        EXPECT_NE(run.errors.find(text), std::string::npos) << run.errors;
-        EXPECT_EQ(std::count(run.errors.begin(), run.errors.end(), '\n'), 1) << run.errors;
-    }
-
-    ProgramFolder folder_;
 };
 
 // A value that a row of the table takes and that is not its start value: as a user writes

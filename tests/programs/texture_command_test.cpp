@@ -1,5 +1,4 @@
 // `texture` as a user calls it, and the group that comes with the program.
-#include <algorithm>
 #include <cctype>
 #include <gtest/gtest.h>
 #include <set>
@@ -12,10 +11,10 @@
 namespace tess {
 namespace {
 
-using test::ProgramFolder;
 using test::ProgramRun;
+using test::ProgramRunTest;
 
-class TextureCommand : public ::testing::Test {
+class TextureCommand : public ProgramRunTest {
 protected:
     ProgramRun Run(const std::string& words) {
         return folder_.Run(words, "XDG_DATA_HOME=$PWD/data");
@@ -25,13 +24,6 @@ protected:
         folder_.Write(path, std::string(kTextureGroupBanner) + "\n:BEGINITEM\nTextureName=" + name +
                                 "\nTextureType=5\n:ENDITEM\n");
     }
-    void ExpectRefusal(const ProgramRun& run, int status, const std::string& text) {
-        EXPECT_EQ(run.status, status);
-        EXPECT_EQ(run.output, "");
-        EXPECT_NE(run.errors.find(text), std::string::npos) << run.errors;
-        EXPECT_EQ(std::count(run.errors.begin(), run.errors.end(), '\n'), 1) << run.errors;
-    }
-    ProgramFolder folder_;
 };
 
 TEST_F(TextureCommand, ListsTheProvidedGroup) {

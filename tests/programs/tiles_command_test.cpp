@@ -17,33 +17,19 @@
 namespace tess {
 namespace {
 
-using test::ProgramFolder;
 using test::ProgramRun;
+using test::ProgramRunTest;
 
-class TilesTest : public ::testing::Test {
+class TilesTest : public ProgramRunTest {
 protected:
-    ProgramRun Run(const std::string& words, const std::string& before = "") {
-        return folder_.Run(words, before);
-    }
-    // Runs what must go well.
-    std::string Output(const std::string& words) {
-        const ProgramRun run = Run(words);
-        EXPECT_EQ(run.status, 0) << words << ": " << run.errors;
-        return run.output;
-    }
     void ExpectRefusal(const std::string& words, int status, const std::string& text) {
-        const ProgramRun run = Run(words);
-        EXPECT_EQ(run.status, status) << words;
-        EXPECT_EQ(run.output, "");
-        EXPECT_NE(run.errors.find(text), std::string::npos) << run.errors;
+        ProgramRunTest::ExpectRefusal(Run(words), status, text);
     }
     // Whether two files of the folder hold the same.
     bool IsSame(const std::string& one, const std::string& other) {
         const auto bytes = folder_.Bytes(one);
         return !bytes.empty() && bytes == folder_.Bytes(other);
     }
-
-    ProgramFolder folder_;
 };
 
 TEST_F(TilesTest, ListsTheGroupThatComesWithTheProgram) {
