@@ -1,4 +1,5 @@
 #include "tests/reference/plain_bubbles.h"
+#include "tests/styles/setting_draws.h"
 #include "tests/styles/style_fixture.h"
 
 namespace tess::test {
@@ -55,24 +56,20 @@ TEST_F(BubblesTest, KeptMasksGiveTheBytesOfMasksMadeAnew) {
     InDialog([](WindowHandle dialog) {
         StyleEntry plain = Subject();
         plain.Build = reference::PlainBubblesBuild;
-        unsigned random = 1;
-        const auto draw = [&random](int below) {
-            random = random * 1664525u + 1013904223u;
-            return static_cast<int>((random >> 8) % static_cast<unsigned>(below));
-        };
+        SettingDraws draws(1);
         for (int round = 0; round < 24; ++round) {
-            Set(dialog, "Width", 16 + draw(70));
-            Set(dialog, "Depth", 16 + draw(70));
-            Set(dialog, "Frames", 2 + draw(5));
-            Set(dialog, "Density", 8 + draw(20));
-            Set(dialog, "Size", 10 + draw(55));
-            Set(dialog, "Drift", draw(100));
-            Set(dialog, "FillOpacity", 1 + draw(255));
-            Set(dialog, "Seed", 100 + draw(30000));
-            Set(dialog, "Background", draw(0x1000000));
+            Set(dialog, "Width", draws.Between(16, 85));
+            Set(dialog, "Depth", draws.Between(16, 85));
+            Set(dialog, "Frames", draws.Between(2, 6));
+            Set(dialog, "Density", draws.Between(8, 27));
+            Set(dialog, "Size", draws.Between(10, 64));
+            Set(dialog, "Drift", draws.Between(0, 99));
+            Set(dialog, "FillOpacity", draws.Between(1, 255));
+            Set(dialog, "Seed", draws.Between(100, 30099));
+            Set(dialog, "Background", static_cast<int>(draws.Color()));
             for (const std::string_view box :
                  {"Inverse", "FillEnable2", "FillEnable3", "FillEnable4", "FillEnable5", "Smooth"})
-                Set(dialog, box, draw(2));
+                Set(dialog, box, draws.Between(0, 1));
             EXPECT_EQ(TakeFrames(RenderBuild(Subject(), dialog)),
                       TakeFrames(RenderBuild(plain, dialog)))
                 << "round " << round;

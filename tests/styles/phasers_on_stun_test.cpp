@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "tests/reference/plain_phasers.h"
+#include "tests/styles/setting_draws.h"
 #include "tests/styles/style_fixture.h"
 
 namespace tess::test {
@@ -232,23 +233,19 @@ TEST_F(PhasersOnStunTest, KeptMasksGiveTheBytesOfMasksMadeAnew) {
     InDialog([](WindowHandle dialog) {
         StyleEntry plain = Subject();
         plain.Build = reference::PlainPhasersBuild;
-        unsigned random = 1;
-        const auto draw = [&random](int below) {
-            random = random * 1664525u + 1013904223u;
-            return static_cast<int>((random >> 8) % static_cast<unsigned>(below));
-        };
+        SettingDraws draws(1);
         for (int round = 0; round < 24; ++round) {
-            Set(dialog, "Width", 16 + draw(70));
-            Set(dialog, "Depth", 16 + draw(70));
-            Set(dialog, "Frames", 2 + draw(7));
-            Set(dialog, "Density", 8 + draw(30));
-            Set(dialog, "Power", 1 + draw(8));
-            Set(dialog, "Seed", 100 + draw(30000));
-            Set(dialog, "Background", draw(0x1000000));
+            Set(dialog, "Width", draws.Between(16, 85));
+            Set(dialog, "Depth", draws.Between(16, 85));
+            Set(dialog, "Frames", draws.Between(2, 8));
+            Set(dialog, "Density", draws.Between(8, 37));
+            Set(dialog, "Power", draws.Between(1, 8));
+            Set(dialog, "Seed", draws.Between(100, 30099));
+            Set(dialog, "Background", static_cast<int>(draws.Color()));
             for (const std::string_view box :
                  {"FillEnable2", "FillEnable3", "FillEnable4", "FillEnable5", "LineEast2South",
                   "LineWest2South", "LineHorizontal", "LineVertical"})
-                Set(dialog, box, draw(2));
+                Set(dialog, box, draws.Between(0, 1));
             EXPECT_EQ(TakeFrames(RenderBuild(Subject(), dialog)),
                       TakeFrames(RenderBuild(plain, dialog)))
                 << "round " << round;
