@@ -23,6 +23,19 @@ int FindGroup(WindowHandle dialog, const GroupChoice& groups, std::string_view n
     return -1;
 }
 
+/// The current group's name as it was typed: its file but for the extension.
+std::string_view TypedName(const GroupChoice& groups) {
+    const std::string_view file = groups.File;
+    return file.substr(0, file.rfind('.'));
+}
+
+/// The place of the current group, which the selection need not be: keys and the wheel move
+/// that while the list is closed. A file of an earlier time is listed up to its first point.
+int FindCurrentGroup(WindowHandle dialog, const GroupChoice& groups) {
+    const int typed = FindGroup(dialog, groups, TypedName(groups));
+    return typed >= 0 ? typed : FindGroup(dialog, groups, GroupNameOf(groups.File));
+}
+
 void TellOfWriting(WindowHandle dialog) {
     ShowMessage(dialog, LoadStringText(StringId::ErrorWritingFile));
 }
@@ -40,8 +53,7 @@ void ListGroups(WindowHandle dialog, const GroupChoice& groups) {
 }
 
 void SelectCurrentGroup(WindowHandle dialog, const GroupChoice& groups) {
-    platform::SetSelection(dialog, groups.Control,
-                           FindGroup(dialog, groups, GroupNameOf(groups.File)));
+    platform::SetSelection(dialog, groups.Control, FindCurrentGroup(dialog, groups));
 }
 
 void SetCurrentGroup(const GroupChoice& groups, const std::string& file) {
@@ -73,11 +85,10 @@ bool AddGroup(WindowHandle dialog, const GroupChoice& groups, int (*save)(Window
 }
 
 bool DeleteCurrentGroup(WindowHandle dialog, const GroupChoice& groups) {
-    const int index = platform::Selection(dialog, groups.Control);
-    const std::string name =
-        index < 0 ? GroupNameOf(groups.File) : platform::ItemText(dialog, groups.Control, index);
+    const int index = FindCurrentGroup(dialog, groups);
     char question[512];
-    std::snprintf(question, sizeof question, groups.DeleteQuestion, name.c_str());
+    std::snprintf(question, sizeof question, groups.DeleteQuestion,
+                  std::string(TypedName(groups)).c_str());
     if (!AskYesNo(dialog, question)) return false;
     if (platform::MoveToRecycleBin(GroupPath(groups.File)) == 0) {
         TellOfWriting(dialog);

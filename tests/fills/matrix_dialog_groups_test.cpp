@@ -87,10 +87,7 @@ TEST_F(MatrixDialogTest, CancelKeepsTheChosenGroupAsTheCurrent) {
 
 TEST_F(MatrixDialogTest, DamagedGroupIsRefusedAndTheOldOneStays) {
     folder_.WriteGroup("another.MTX", {7});
-    std::FILE* stream = platform::OpenFile(folder_.File("another.MTX"), "r+b");
-    std::fseek(stream, 1082 + 4, SEEK_SET);
-    std::fputs("\xFF\xFF\xFF\xFF", stream);  // the first block's size
-    std::fclose(stream);
+    folder_.Damage("another.MTX");
     Edit({Choose(kGroups, 0), [](WindowHandle dialog) {
               EXPECT_EQ(Listed(dialog), (Colors{10, 20, 30}));
           }});
@@ -111,6 +108,38 @@ TEST_F(MatrixDialogTest, ShiftAndMinusDeleteAGroupAfterAsking) {
                     "this file, or No to abort."});
     EXPECT_FALSE(platform::FileExists(folder_.File("another.MTX")));
     EXPECT_STREQ(MatrixGroupFile, "vorbelx1.mtx");
+}
+
+TEST_F(MatrixDialogTest, GroupThatIsDeletedIsTheCurrentOneWhateverIsSelected) {
+    folder_.WriteGroup("another.MTX", {7});
+    folder_.WriteGroup("mine.MTX", {8});
+    MatrixFolder::SetCurrentGroup("mine.MTX");
+    Shell().says_yes = true;
+    Edit({[](WindowHandle dialog) { platform::SetSelection(dialog, kGroups, 0); },
+          Press(kDelete, true),
+          [](WindowHandle dialog) {
+              EXPECT_EQ(platform::ItemCount(dialog, kGroups), 2);
+              EXPECT_EQ(platform::ItemText(dialog, kGroups, 0), "another");
+          }});
+    ASSERT_EQ(Shell().messages.size(), 1u);
+    EXPECT_TRUE(Shell().messages.front().starts_with("Do you want to delete the mine matrix"));
+    EXPECT_FALSE(platform::FileExists(folder_.File("mine.MTX")));
+    EXPECT_TRUE(platform::FileExists(folder_.File("another.MTX")));
+}
+
+TEST_F(MatrixDialogTest, RefusedGroupLeavesTheCurrentOneSelected) {
+    folder_.WriteGroup("my.MTX", {7});
+    folder_.WriteGroup("torn.MTX", {9});
+    folder_.Damage("torn.MTX");
+    Edit({Press(kAdd, true), Name("my.set"), [](WindowHandle dialog) {
+              int torn = 0;
+              while (platform::ItemText(dialog, kGroups, torn) != "torn")
+                  ASSERT_LT(++torn, platform::ItemCount(dialog, kGroups));
+              platform::ChooseItem(dialog, kGroups, torn);
+              EXPECT_EQ(platform::ItemText(dialog, kGroups, platform::Selection(dialog, kGroups)),
+                        "my.set");
+          }});
+    EXPECT_STREQ(MatrixGroupFile, "my.set.MTX");
 }
 
 TEST_F(MatrixDialogTest, NoKeepsTheGroup) {

@@ -51,6 +51,15 @@ public:
         platform::RemoveFile(File(name) + ".bak");
     }
 
+    /// Gives a group's first block a size that it cannot have.
+    void Damage(const std::string& name) const {
+        std::FILE* stream = platform::OpenFile(File(name), "r+b");
+        ASSERT_NE(stream, nullptr);
+        std::fseek(stream, 1082 + 4, SEEK_SET);
+        std::fputs("\xFF\xFF\xFF\xFF", stream);
+        std::fclose(stream);
+    }
+
     /// Makes a group one that may not be changed, as the default one is.
     void Protect(const std::string& name) const {
         std::FILE* stream = platform::OpenFile(File(name), "r+b");
