@@ -17,8 +17,6 @@ using platform::MemoryHandle;
 using platform::OwnedBlock;
 using platform::WindowHandle;
 
-constexpr int kOkButton = 1;
-
 void FreeEntry(MemoryHandle entry) {
     const OwnedBlock owner(entry);
     if (const LockedFountain fountain(entry); fountain) platform::FreeBlock(fountain->Preview);
@@ -113,7 +111,7 @@ void Drop(WindowHandle list, int index, std::intptr_t place) {
 void Open(WindowHandle dialog, Fountain* colors) {
     constexpr int kEntryWidth = 170;
     platform::SetUserData(dialog, colors);
-    for (const int button : {kOkButton, int{kCancelButton}, int{kHelpButton}, kDeleteEntryButton})
+    for (const int button : {kOkButton, kCancelButton, kHelpButton, kDeleteEntryButton})
         SkinButton(dialog, button);
     platform::SetListItemSize(dialog, kLibraryList, {kEntryWidth, kLibraryItemHeight});
     platform::CenterOnScreen(dialog);

@@ -18,7 +18,6 @@ namespace {
 using platform::Notification;
 using platform::WindowHandle;
 
-constexpr int kOkButton = 1;
 constexpr int kLeastMidpoint = 1, kMiddle = 50, kLargestMidpoint = 99;
 constexpr int kLargestRotation = 360, kLargestOffset = 50;
 constexpr int kSampleButtons[] = {kLinearButton, kEllipticalButton, kRectangularButton,
@@ -97,7 +96,7 @@ void CheckRadio(WindowHandle dialog) {
 
 void Open(WindowHandle dialog, Gradient* gradient) {
     edited = gradient;
-    for (const int button : {kOkButton, int{kCancelButton}, int{kHelpButton}})
+    for (const int button : {kOkButton, kCancelButton, kHelpButton})
         SkinButton(dialog, button);
     for (const int edit : {kCenterXEdit, kCenterYEdit}) {
         platform::SetControlText(dialog, edit + kCompanionOffset, "-50,50,0");

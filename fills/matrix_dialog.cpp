@@ -30,15 +30,7 @@ using platform::Notification;
 using platform::OwnedBlock;
 using platform::WindowHandle;
 
-enum Control : int {
-    kOk = 1,
-    kCancel = 2,
-    kHelp = 9,
-    kAdd = 103,
-    kDelete = 104,
-    kSizeText = 105,
-    kGroups = 108,
-};
+constexpr int kAdd = 103, kDelete = 104, kSizeText = 105, kGroups = 108;
 
 constexpr int kNameBox = 9967;
 
@@ -202,7 +194,7 @@ void DeleteElement(WindowHandle dialog) {
 }
 
 void Open(WindowHandle dialog) {
-    for (const int button : {kOk, kCancel, kHelp, kAdd, kDelete})
+    for (const int button : {kOkButton, kCancelButton, kHelpButton, kAdd, kDelete})
         SkinButton(dialog, button);
     CurrentMatrixGroup = {};
     platform::InstallControl(dialog, kMatrixElementList, "", MatrixListProcedure);
@@ -230,11 +222,11 @@ void Accept(WindowHandle dialog) {
 
 void OnCommand(WindowHandle dialog, int id, Notification notification) {
     switch (id) {
-        case kOk:
+        case kOkButton:
             return Accept(dialog);
-        case kCancel:
+        case kCancelButton:
             return platform::EndDialog(dialog, 0);
-        case kHelp:
+        case kHelpButton:
             return ShowHelp(dialog, "TILE");
         case kAdd:
             return platform::IsShiftHeld() ? AddMatrixGroup(dialog) : AddElement(dialog);

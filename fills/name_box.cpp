@@ -9,7 +9,7 @@ namespace {
 
 using platform::WindowHandle;
 
-constexpr int kOkButton = 1, kNameEdit = 101;
+constexpr int kNameEdit = 101;
 constexpr int kMostCharacters = 260;
 
 void OpenNameBox(WindowHandle dialog, std::string* name) {

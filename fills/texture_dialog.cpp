@@ -22,15 +22,7 @@ namespace {
 using platform::Notification;
 using platform::WindowHandle;
 
-enum Control : int {
-    kOk = 1,
-    kCancel = 2,
-    kHelp = 9,
-    kGroups = 103,
-    kAdd = 104,
-    kDelete = 105,
-    kPreviewButton = 107,
-};
+constexpr int kGroups = 103, kAdd = 104, kDelete = 105, kDrawButton = 107;
 
 constexpr char kNewTexture[] = "Untitled (double-click to edit)";
 
@@ -134,16 +126,15 @@ void TakeSelectedTexture(WindowHandle dialog) {
 }
 
 void Open(WindowHandle dialog) {
-    for (const int button :
-         {int{kOk}, int{kCancel}, int{kHelp}, int{kAdd}, int{kDelete}, int{kPreviewButton}})
+    for (const int button : {kOkButton, kCancelButton, kHelpButton, kAdd, kDelete, kDrawButton})
         SkinButton(dialog, button);
     is_writeable = false;
     OpenTextureControls(dialog, edited);
     LoadGroup(dialog);
     ListGroups(dialog, kTextureGroups);
     UpdateButtons(dialog);
-    platform::PostCommand(dialog, kPreviewButton);
-    platform::FocusControl(dialog, kOk);
+    platform::PostCommand(dialog, kDrawButton);
+    platform::FocusControl(dialog, kOkButton);
     platform::CenterOnScreen(dialog);
 }
 
@@ -155,18 +146,18 @@ void Accept(WindowHandle dialog) {
 
 void OnClick(WindowHandle dialog, int id) {
     switch (id) {
-        case kOk:
+        case kOkButton:
             return Accept(dialog);
-        case kCancel:
+        case kCancelButton:
             return platform::EndDialog(dialog, 0);
-        case kHelp:
+        case kHelpButton:
             return ShowHelp(dialog, "TEXTURE");
         case kAdd:
             return platform::IsShiftHeld() ? AddTextureGroup(dialog) : AddCurrentTexture(dialog);
         case kDelete:
             return platform::IsShiftHeld() ? DeleteTextureGroup(dialog)
                                            : DeleteSelectedTexture(dialog);
-        case kPreviewButton:
+        case kDrawButton:
             return RedrawPreview(dialog);
         default:
             return;

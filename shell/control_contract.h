@@ -17,11 +17,16 @@ inline constexpr std::uint32_t LoadControl = 1335;  ///< `l`: const char* of a l
 inline constexpr std::uint32_t InitializeControl = 1424;
 inline constexpr std::uint32_t ReadControlValue = 1425;
 
+// Buttons that dialogs have in common. In the main dialog the first is the Build button.
+inline constexpr int kOkButton = 1;
+inline constexpr int kCancelButton = 2;
+inline constexpr int kYesButton = 6;
+inline constexpr int kNoButton = 7;
+inline constexpr int kHelpButton = 9;
+
 /// Controls of the main dialog. A spinner's up-down is its id + 10000.
 enum MainControl : int {
-    kBuildButton = 1,
-    kCancelButton = 2,
-    kHelpButton = 9,
+    kBuildButton = kOkButton,
     kTrueColorBox = 10,
     kDelayEdit = 11,
     kSizeLine = 12,

@@ -128,10 +128,10 @@ void CloseWithMessage(WindowHandle dialog, const char* text) {
 void OpenMainDialog(WindowHandle dialog, const HostServices* services) {
     CurrentHost = services;
     SkinButtons = services->SkinButtons;
-    for (const int button : {kBuildButton, kCancelButton, kHelpButton, kAboutButton, kTestButton,
-                             kOpenSaveButton, kPreviewButton}) {
+    constexpr int kSkinnedButtons[] = {kBuildButton, kCancelButton,   kHelpButton,   kAboutButton,
+                                       kTestButton,  kOpenSaveButton, kPreviewButton};
+    for (const int button : kSkinnedButtons)
         SkinButton(dialog, button);
-    }
     ReadConfiguration();
     if (!HostHas(HostTrueColor)) {
         Truecolour = 0;

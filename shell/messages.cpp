@@ -12,8 +12,7 @@ namespace tess {
 namespace {
 
 constexpr int kMessageText = 101;
-constexpr int kOkButton = 1, kYesButton = 6;
-constexpr int kButtons[] = {kOkButton, 2, kYesButton, 7};  // OK, Cancel, Yes, No
+constexpr int kButtons[] = {kOkButton, kCancelButton, kYesButton, kNoButton};
 
 /// The procedure of the three message templates: shows the text that it is given,
 /// and ends with the number of whichever button is pressed.

@@ -19,7 +19,6 @@ namespace tess {
 namespace {
 
 constexpr int kMessageText = 101;  // of the message boxes
-constexpr int kOkButton = 1;
 // Nothing can stand under a device, so nothing is read there nor written.
 constexpr char kNoFolder[] = "/dev/null";
 
