@@ -32,7 +32,6 @@ bool ReadHexadecimal(const char* text, std::span<std::uint8_t> bytes) {
         if (text[1] == '\0') return true;
         const int low = DigitValue(text[1]);
         if (low < 0) return false;
-        // More than the one spare pair would be written past the end of a block.
         if (place > bytes.size()) return false;
         if (place < bytes.size()) bytes[place] = static_cast<std::uint8_t>(high << 4 | low);
     }

@@ -19,6 +19,7 @@ namespace tess {
 namespace {
 
 constexpr std::uint16_t kGround = 32767;
+
 /// A draw as a part of `reach`.
 double Cast(double reach) {
     return reach * ((runtime::rand() & 0x7FFF) / kLargestDraw);

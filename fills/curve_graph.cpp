@@ -30,7 +30,7 @@ constexpr char kTags[][7] = {"CURVER", "CURVEG", "CURVEB"};
 int held_handle = -1;
 
 /// What a handle can reach: a file may hold any value.
-float Held(float value) {
+float Reachable(float value) {
     return static_cast<float>(HoldToUnit(double{value}));
 }
 
@@ -90,7 +90,7 @@ void ChooseHandleColor(WindowHandle control, const MouseAt& mouse) {
     if (point < 0) return;
     ReleaseHandle(control);
     const auto level = [&](CurveChannel channel) {
-        return static_cast<int>(Held(CurvePoint(*graph.Item, channel, point)) * 255);
+        return static_cast<int>(Reachable(CurvePoint(*graph.Item, channel, point)) * 255);
     };
     ColorWord color =
         MakeColor(level(CurveChannel::Red), level(CurveChannel::Green), level(CurveChannel::Blue));
@@ -267,7 +267,7 @@ CurveBox CurveArea(platform::PixelSize client) {
 CurveHandle PlaceHandle(const CurveBox& area, int point, float value) {
     const int third = (area.Right - area.Left) / 3;
     return {area.Left + point * third,
-            area.Bottom - static_cast<int>((area.Bottom - area.Top) * double{Held(value)})};
+            area.Bottom - static_cast<int>((area.Bottom - area.Top) * double{Reachable(value)})};
 }
 
 int HandleAt(const CurveBox& area, const CurveGraph& graph, int x, int y) {
@@ -292,7 +292,7 @@ int HeldHandle(WindowHandle control) {
 }
 
 int HandleNumber(float value) {
-    return 255 - static_cast<int>((1 - Held(value)) * 255);
+    return 255 - static_cast<int>((1 - Reachable(value)) * 255);
 }
 
 CurveBox PlaceNumber(const CurveBox& area, int point, const CurveHandle& handle,

@@ -30,6 +30,7 @@ namespace {
 constexpr int kScale = 4;     // sprites are drawn this much larger
 constexpr int kRingPen = 8;   // at that scale
 constexpr int kPercent = 25;  // and back
+
 /// 255 at the crown, 0 at the rim.
 int RingWeight(int ring, int rings, RingAngle angle) {
     const double degrees =

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <numbers>
 #include <utility>
 
 #include "runtime/mathematics.h"
@@ -24,8 +25,7 @@ namespace {
 class Factors {
 public:
     explicit Factors(int span) {
-        constexpr double kTwoPi = 2 * 3.141592653589793;
-        const double angle = -kTwoPi / span;
+        const double angle = -2 * std::numbers::pi / span;
         const double half_sine = runtime::Sine(0.5 * angle);
         step_real_ = -2.0 * half_sine * half_sine;
         step_imaginary_ = runtime::Sine(angle);
