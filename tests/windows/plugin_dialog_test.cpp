@@ -185,7 +185,7 @@ TEST_F(PluginDialog, MenuOfTheOpenButtonLeadsToTheFileDialog) {
     RECT box;
     ASSERT_TRUE(WaitUntil([&] {
         GetWindowRect(open, &box);
-        return box.right - box.left == 640 && box.bottom - box.top == 480;
+        return box.right - box.left == 800 && box.bottom - box.top == 600;
     }));
     PostCommandTo(open, IDCANCEL);
     EXPECT_EQ(run.WaitForDialog(kProgramName), dialog);

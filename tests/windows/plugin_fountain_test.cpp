@@ -48,14 +48,11 @@ protected:
         Mouse(button, WM_LBUTTONUP, to, kMarkerRow);
     }
     /// Waits for the popup menu, notes its texts, and chooses an item from the top.
-    std::vector<std::string> ChooseFromMenu(HWND button, int item) {
+    static std::vector<std::string> ChooseFromMenu(const PluginRun& run, HWND button, int item) {
         constexpr UINT kGetMenu = 0x01E1;
         std::vector<std::string> texts;
-        HWND window = nullptr;
-        EXPECT_TRUE(WaitUntil([&] {
-            window = FindWindowA("#32768", nullptr);
-            return window != nullptr && IsWindowVisible(window);
-        }));
+        HWND window = run.WaitForMenu();
+        EXPECT_NE(window, nullptr);
         const auto menu = reinterpret_cast<HMENU>(SendMessageA(window, kGetMenu, 0, 0));
         for (int i = 0; i < GetMenuItemCount(menu); ++i) {
             char text[64] = "";
@@ -118,7 +115,7 @@ protected:
     /// Opens the library's dialog by the menu of the strip.
     HWND OpenLibrary(PluginRun& run, HWND button) {
         PostMessageA(button, WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(60, kStripRow));
-        EXPECT_EQ(ChooseFromMenu(button, 1),
+        EXPECT_EQ(ChooseFromMenu(run, button, 1),
                   (std::vector<std::string>{"Add to library", "Manage library"}));
         return run.WaitForDialog("Gradient Library");
     }
@@ -198,7 +195,7 @@ TEST_F(PluginFountain, MenuOfAMarkerOpensItsPosition) {
     HWND button = Open(run);
     ASSERT_NE(button, nullptr);
     PostMessageA(button, WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(98, kMarkerRow));
-    EXPECT_EQ(ChooseFromMenu(button, 2),
+    EXPECT_EQ(ChooseFromMenu(run, button, 2),
               (std::vector<std::string>{"Delete marker", "Change color", "Adjust position"}));
     HWND position = run.WaitForDialog("Marker Position");
     ASSERT_NE(position, nullptr);
@@ -229,7 +226,7 @@ TEST_F(PluginFountain, AddToLibraryMakesTheFile) {
     HWND button = Open(run);
     ASSERT_NE(button, nullptr);
     PostMessageA(button, WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(60, kStripRow));
-    ChooseFromMenu(button, 0);
+    ChooseFromMenu(run, button, 0);
     EXPECT_TRUE(WaitUntil([&] { return ReadAll(LibraryPath()).size() == 420; }));
 }
 
@@ -284,13 +281,14 @@ TEST_F(PluginFountain, MissingLibraryIsTold) {
     HWND button = Open(run);
     ASSERT_NE(button, nullptr);
     PostMessageA(button, WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(60, kStripRow));
-    ChooseFromMenu(button, 1);
+    ChooseFromMenu(run, button, 1);
     HWND message = run.WaitForMessage("There has been an error");
     ASSERT_NE(message, nullptr);
     EXPECT_EQ(TextOf(message, kMessageText),
               "There has been an error loading the fountain library.");
     EXPECT_TRUE(EndWith(message, IDOK));
-    EXPECT_TRUE(IsWindowEnabled(Dialog()));
+    // The library's dialog, which never came to be shown, ends after it.
+    EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(Dialog()) != FALSE; }));
 }
 
 }  // namespace

@@ -63,8 +63,8 @@ std::int64_t Answer(TaskRecord*, std::int64_t op, std::int64_t, std::int64_t b) 
             help_target = reinterpret_cast<const char*>(address);
             return 1;
         case HostOp::FileDialogSize:
-            reinterpret_cast<std::int32_t*>(address)[0] = 640;
-            reinterpret_cast<std::int32_t*>(address)[1] = 480;
+            reinterpret_cast<std::int32_t*>(address)[0] = 800;
+            reinterpret_cast<std::int32_t*>(address)[1] = 600;
             return 1;
         default:
             return 1;
@@ -82,6 +82,12 @@ std::string TitleOf(HWND window) {
     char title[256] = "";
     GetWindowTextA(window, title, sizeof title);
     return title;
+}
+
+std::string ClassOf(HWND window) {
+    char name[256] = "";
+    GetClassNameA(window, name, sizeof name);
+    return name;
 }
 
 /// The shown top windows of the thread that runs the dialog.
@@ -197,7 +203,7 @@ PluginRun::PluginRun(const Plugin& plugin, const HostRecord& host) {
     services_.HostFlags = host.flags;
     std::promise<DWORD> id;
     std::future<DWORD> started = id.get_future();
-    std::packaged_task<int()> run([this, &plugin, &id] {
+    std::packaged_task<int()> run([this, &plugin, id = std::move(id)]() mutable {
         id.set_value(GetCurrentThreadId());
         return plugin.do_build(nullptr, &services_);
     });
@@ -245,6 +251,17 @@ HWND PluginRun::WaitForMessage(const std::string& beginning) const {
         return message != nullptr;
     });
     return came ? message : nullptr;
+}
+
+HWND PluginRun::WaitForMenu() const {
+    HWND menu = nullptr;
+    const bool came = WaitUntil([&] {
+        for (HWND window : TopWindows()) {
+            if (ClassOf(window) == "#32768") menu = window;
+        }
+        return menu != nullptr;
+    });
+    return came ? menu : nullptr;
 }
 
 HWND PluginRun::WaitForMainDialog() const {

@@ -72,6 +72,8 @@ public:
     /// Waits for a message whose text begins so; its title, the program's name, is the main
     /// dialog's as well. Null when none comes.
     [[nodiscard]] HWND WaitForMessage(const std::string& beginning) const;
+    /// Waits for a popup menu of the run's own. Null when none comes.
+    [[nodiscard]] HWND WaitForMenu() const;
     /// Waits for the main dialog, open and shown with its style.
     [[nodiscard]] HWND WaitForMainDialog() const;
     /// Waits for the end. Returns what the library returned, -1 when it does not end.

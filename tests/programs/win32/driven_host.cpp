@@ -41,6 +41,13 @@ bool IsOfClass(HWND window, const char* name) {
     return std::strcmp(window_class, name) == 0;
 }
 
+/// A title is known without asking the program, which may be at work.
+std::string TitleOf(HWND window) {
+    char title[256] = "";
+    GetWindowTextA(window, title, sizeof title);
+    return title;
+}
+
 std::string Command(const std::string& arguments) {
     std::string command = "\"";
     command.append(ProgramFolder()).append("tilehost.exe\" ").append(arguments);
@@ -123,7 +130,7 @@ HWND DrivenHost::Window() const {
 
 HWND DrivenHost::Dialog(const std::string& title, int control) const {
     return Find(process_.dwProcessId, [&](HWND window) {
-        return IsOfClass(window, kDialogClass) && TextOf(window) == title &&
+        return IsOfClass(window, kDialogClass) && TitleOf(window) == title &&
                GetDlgItem(window, control) != nullptr;
     });
 }
@@ -163,7 +170,7 @@ std::string TextOf(HWND window) {
     char text[512] = "";
     DWORD_PTR length = 0;
     SendMessageTimeoutA(window, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text),
-                        SMTO_ABORTIFHUNG, 5000, &length);
+                        SMTO_NORMAL, kWaitLimit, &length);
     return text;
 }
 
