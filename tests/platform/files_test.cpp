@@ -8,6 +8,7 @@
 
 #include "platform/file_calls.h"
 #include "platform/file_system.h"
+#include "tests/support/scratch_folder.h"
 
 namespace {
 
@@ -15,16 +16,9 @@ namespace fs = std::filesystem;
 
 class Files : public testing::Test {
 protected:
-    void SetUp() override {
-        folder_ = fs::temp_directory_path() /
-                  ("tessellomatics-files-" + std::to_string(platform::ProcessNumber()));
-        fs::remove_all(folder_);
-        fs::create_directory(folder_);
-    }
     void TearDown() override {
         platform::SetUserFolder("");
         platform::SetPluginFolder("");
-        fs::remove_all(folder_);
     }
 
     std::string PathOf(const char* name) const { return (folder_ / name).string(); }
@@ -54,7 +48,8 @@ protected:
         return path;
     }
 
-    fs::path folder_;
+    const tess::test::ScratchFolder scratch_;
+    const fs::path folder_ = scratch_.Path();
 };
 
 TEST_F(Files, UserFileIsInTheMakersFolder) {

@@ -2,10 +2,10 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
-#include <unistd.h>
 
 #include "resources/compiler/resource_script.h"
 #include "resources/compiler/table_writer.h"
+#include "tests/support/scratch_folder.h"
 
 namespace {
 
@@ -13,13 +13,6 @@ using namespace resource_compiler;
 
 class ResourceCompiler : public testing::Test {
 protected:
-    void SetUp() override {
-        folder_ = std::filesystem::temp_directory_path() /
-                  ("tessellomatics-rc-" + std::to_string(getpid()));
-        std::filesystem::create_directory(folder_);
-    }
-    void TearDown() override { std::filesystem::remove_all(folder_); }
-
     void Write(const char* name, const std::string& text) const {
         std::ofstream(folder_ / name, std::ios::binary) << text;
     }
@@ -57,7 +50,8 @@ private:
         }
         return error;
     }
-    std::filesystem::path folder_;
+    const tess::test::ScratchFolder scratch_;
+    const std::filesystem::path folder_ = scratch_.Path();
 };
 
 TEST_F(ResourceCompiler, ReadsADialogWithItsBoxAndCaption) {

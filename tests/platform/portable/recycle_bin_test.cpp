@@ -5,9 +5,9 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <string>
-#include <unistd.h>
 
 #include "platform/files.h"
+#include "tests/support/scratch_folder.h"
 
 namespace {
 
@@ -16,8 +16,6 @@ namespace fs = std::filesystem;
 class RecycleBin : public testing::Test {
 protected:
     void SetUp() override {
-        folder_ = fs::temp_directory_path() / ("tessellomatics-trash-" + std::to_string(getpid()));
-        fs::create_directories(folder_);
         const char* data = std::getenv("XDG_DATA_HOME");
         if (data != nullptr) old_data_ = data;
         setenv("XDG_DATA_HOME", folder_.c_str(), 1);
@@ -28,7 +26,6 @@ protected:
         } else {
             setenv("XDG_DATA_HOME", old_data_.c_str(), 1);
         }
-        fs::remove_all(folder_);
     }
 
     /// Makes the file and throws it away.
@@ -41,7 +38,8 @@ protected:
         return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     }
 
-    fs::path folder_;
+    const tess::test::ScratchFolder scratch_;
+    const fs::path folder_ = scratch_.Path();
     std::string old_data_;
 };
 
