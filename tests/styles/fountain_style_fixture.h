@@ -64,7 +64,8 @@ protected:
                                  SettingDraws& draws) {
         const int count = draws.Between(2, 9);
         StyleTest<kStyle>::Set(dialog, "Frames", count);
-        SetFountain(dialog, draws.Color(), draws.Color(), draws.Color());
+        const ColorWord first = draws.Color(), second = draws.Color(), third = draws.Color();
+        SetFountain(dialog, first, second, third);
         const auto ring = StripOf(dialog);
         const auto frames = SlotTest::TakePixels(SlotTest::RenderBuild(kStyle, dialog));
         ASSERT_EQ(static_cast<int>(frames.size()), count);
