@@ -53,8 +53,11 @@ void ExpectSame(HWND dialog, HWND control, const TemplateControl& expected) {
     constexpr DWORD kIgnored = WS_BORDER | WS_VSCROLL | WS_HSCROLL;
     EXPECT_EQ(ToldStyle(control) & ~kIgnored, expected.style & ~kIgnored) << expected.id;
     if (window_class == "COMBOBOX" || window_class == "LISTBOX") return;
-    RECT box = {expected.x, expected.y, expected.x + expected.width, expected.y + expected.height};
+    // A control's place and its size are each rounded to pixels, whatever the font.
+    RECT box = {expected.x, expected.y, expected.width, expected.height};
     MapDialogRect(dialog, &box);
+    box.right += box.left;
+    box.bottom += box.top;
     RECT real;
     GetWindowRect(control, &real);
     MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&real), 2);
