@@ -85,8 +85,14 @@ fs::path FolderThatIsThere(const fs::path& path) {
     return folder;
 }
 
+// What standard output holds back is not written yet, and can still fail.
+FileResult Flushed(FileResult result) {
+    if (result != FileResult::Written) return result;
+    return std::fflush(stdout) == 0 ? FileResult::Written : FileResult::CannotWrite;
+}
+
 FileResult WriteAnimation(const Animation& animation, const std::string& path) {
-    if (IsStandardOutput(path)) return WriteGifStream(animation, stdout);
+    if (IsStandardOutput(path)) return Flushed(WriteGifStream(animation, stdout));
     switch (FormatOf(path)) {
         case OutputFormat::Gif:
             return WriteGifFile(animation, path);
@@ -212,7 +218,7 @@ int WriteOutputs(const Animation& animation, const Request& request) {
 }
 
 int WritePicture(ImageHandle image, const std::string& path) {
-    if (IsStandardOutput(path)) return Tell(path, WritePngStream(image, stdout));
+    if (IsStandardOutput(path)) return Tell(path, Flushed(WritePngStream(image, stdout)));
     return Tell(path, EndingOf(path) == ".png" ? WritePng(image, path) : WriteBmpFile(image, path));
 }
 

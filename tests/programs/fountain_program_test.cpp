@@ -106,6 +106,9 @@ TEST_F(FountainProgram, LastEntryTakesTheLibraryWithIt) {
 TEST_F(FountainProgram, EntryThatCannotBeWrittenIsNotRemoved) {
     Fill();
     ExpectRefusal(Library("0 --remove -o none/out.mtrl"), 1, "none/out.mtrl");
+    ExpectRefusal(
+        Run("fountain --library a.fll 0 --remove -o -", "full() { \"$@\" >/dev/full; }; full"), 1,
+        "standard output cannot be written");
     EXPECT_EQ(folder_.Bytes("a.fll").size(), 80u + 2 * 340);
 }
 

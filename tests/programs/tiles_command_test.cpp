@@ -225,6 +225,17 @@ TEST_F(TilesTest, ProtectedAndDamagedGroupsAreNotChanged) {
     EXPECT_EQ(folder_.Text("damaged.mtx"), "QRVNMTXf");
 }
 
+TEST_F(TilesTest, TileThatCannotBeWrittenIsNotTakenOut) {
+    Output("tiles vorbelx1 2 -o two.png");
+    Output("tiles ./own --add two.png");
+    const auto group = folder_.Bytes("own.mtx");
+    ProgramRunTest::ExpectRefusal(
+        Run("tiles ./own 0 --remove -o -", "full() { \"$@\" >/dev/full; }; full"), 1,
+        "standard output cannot be written");
+    ExpectRefusal("tiles ./own 0 --remove -o none/a.png", 1, "none/a.png");
+    EXPECT_EQ(folder_.Bytes("own.mtx"), group);
+}
+
 TEST_F(TilesTest, PictureThatIsTooLargeOrNoneIsRefusedAndTheGroupStays) {
     std::string large = "P6 513 513 255\n";
     large.resize(large.size() + 3 * 513 * 513);
