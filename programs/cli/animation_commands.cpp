@@ -92,6 +92,10 @@ int RunSample(const Request& request) {
 int RunPreview(const Request& request) {
     int style;
     if (!ReadStyle(request, &style)) return kWrongUse;
+    // While the preview has its folder, the plug-in's own is that.
+    if (request.Saves) {
+        if (const int status = PrepareUserFolders(); status != kDone) return status;
+    }
     if (!OpenPreviewFolder(request)) return kFailed;
     platform::SuppressBrowser(!request.OpensBrowser);
     Session session;

@@ -244,7 +244,7 @@ int RunSession(const Request& asked, Wish wish, int style, Session* session) {
     // The preview's delays are ten times finer for a host that takes 24-bit frames.
     const bool true_color = request.HostTrueColor.value_or(
         wish != Wish::Preview || request.HostUnit == DelayUnit::Milliseconds);
-    if (request.Saves) {
+    if (request.Saves && wish != Wish::Preview) {  // which has made them
         if (const int status = PrepareUserFolders(); status != kDone) return status;
     }
     ProgressBar bar(request.Quiet);

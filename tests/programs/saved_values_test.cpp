@@ -201,6 +201,16 @@ TEST_F(SavedValuesTest, SaveMakesTheFoldersAndOtherRunsMakeNone) {
         std::filesystem::is_directory(folder_.File("data/Quorvenstadtholme/Tessellomatics 1")));
 }
 
+TEST_F(SavedValuesTest, PreviewMakesTheUsersFoldersApartFromItsOwn) {
+    const ProgramRun run = Run("preview bubbles --folder p --no-open --save --set frames=2",
+                               "XDG_DATA_HOME=$PWD/data; export XDG_DATA_HOME;");
+    EXPECT_EQ(run.status, 0) << run.errors;
+    EXPECT_TRUE(std::filesystem::is_regular_file(
+        folder_.File("data/Quorvenstadtholme/Tessellomatics 1/vorbelx1.mtx")));
+    EXPECT_TRUE(std::filesystem::is_regular_file(folder_.File("p/preview.gif")));
+    EXPECT_FALSE(std::filesystem::exists(folder_.File("p/vorbelx1.mtx")));
+}
+
 TEST_F(SavedValuesTest, FolderThatCannotBeMadeIsTold) {
     folder_.Write("taken", "");
     ExpectRefusal(Run("config --save", "XDG_DATA_HOME=$PWD/taken; export XDG_DATA_HOME;"), 1,
