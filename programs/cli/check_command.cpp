@@ -1,5 +1,7 @@
 // The command that measures how an animation joins itself.
+#include <cstdint>
 #include <cstdio>
+#include <string>
 
 #include "host/gif_player.h"
 #include "host/json_writer.h"
@@ -11,15 +13,15 @@
 namespace tess {
 namespace {
 
-void PrintTable(const std::string& path, const GifPlayer& player, int hundredths,
+void PrintTable(const std::string& path, const GifPlayer& player, std::int64_t hundredths,
                 const SeamFigures& figures) {
-    std::printf("%s: %d x %d pixels, %d %s, %d.%02d seconds\n\n", path.c_str(), player.Width(),
+    std::printf("%s: %d x %d pixels, %d %s, %s.%02d seconds\n\n", path.c_str(), player.Width(),
                 player.Height(), player.FrameCount(), player.FrameCount() == 1 ? "frame" : "frames",
-                hundredths / 100, hundredths % 100);
+                std::to_string(hundredths / 100).c_str(), static_cast<int>(hundredths % 100));
     PrintJoins(figures, kJoins);
 }
 
-void PrintJson(const GifPlayer& player, int hundredths, const SeamFigures& figures) {
+void PrintJson(const GifPlayer& player, std::int64_t hundredths, const SeamFigures& figures) {
     JsonWriter json(stdout);
     json.BeginObject();
     json.Key("width");
@@ -48,7 +50,7 @@ int RunCheck(const Request& request) {
         TellUser(path + ": needs more memory than there is");
         return kFailed;
     }
-    int hundredths = 0;
+    std::int64_t hundredths = 0;
     for (int i = 0; i < player.FrameCount(); ++i) {
         player.ShowFrame();
         meter.AddFrame(player.Pixels());

@@ -1,5 +1,6 @@
 // `tessellomatics check`: what it prints and how it ends.
 #include <gtest/gtest.h>
+#include <string>
 
 #include "tests/programs/program_run.h"
 
@@ -66,6 +67,32 @@ TEST_F(CheckCommand, OneFrameIsOne) {
     folder_.Write("one.ppm", "P3 1 1 255  255 0 0");
     ASSERT_EQ(folder_.Run("encode one.ppm -q -o one.gif").status, 0);
     EXPECT_NE(folder_.Run("check one.gif").output.find(", 1 frame, "), std::string::npos);
+}
+
+// Of one pixel each, with the longest delay that a GIF can say.
+std::string GifOfLongFrames(int count) {
+    using namespace std::string_literals;
+    const std::string head =
+        "GIF89a"
+        "\1\0\1\0\x80\0\0"
+        "\0\0\0\xFF\xFF\xFF"s;
+    const std::string frame =
+        "\x21\xF9\4\0\xFF\xFF\0\0"
+        "\x2C\0\0\0\0\1\0\1\0\0"
+        "\2\2\x44\1\0"s;
+    std::string gif = head;
+    for (int i = 0; i < count; ++i)
+        gif += frame;
+    return gif + ";";
+}
+
+TEST_F(CheckCommand, LongestPlayingTimeIsTold) {
+    folder_.Write("long.gif", GifOfLongFrames(40000));
+    EXPECT_TRUE(
+        folder_.Run("check long.gif")
+            .output.starts_with("long.gif: 1 x 1 pixels, 40000 frames, 26214000.00 seconds\n"));
+    EXPECT_NE(folder_.Run("check long.gif --json").output.find("\"hundredths\": 2621400000,"),
+              std::string::npos);
 }
 
 }  // namespace
