@@ -83,7 +83,10 @@ std::string NewGroupFile(const std::string& name, std::string_view extension) {
 std::string PathFromRoot(const std::string& path) {
     std::error_code error;
     const fs::path whole = fs::absolute(path, error);
-    return error ? path : whole.lexically_normal().string();
+    // ".." behind a link leads elsewhere than its letters do. The file's own name stays, which
+    // may be a link's: by it the group is known.
+    const fs::path folder = error ? fs::path() : fs::canonical(whole.parent_path(), error);
+    return error ? path : (folder / whole.filename()).string();
 }
 
 }  // namespace tess

@@ -32,7 +32,7 @@ inline constexpr char kTileGroupExtension[] = ".mtx";
 /// that is empty, or that begins with a dot and so would not be listed.
 [[nodiscard]] std::string NewGroupFile(const std::string& name, std::string_view extension);
 
-/// Returns the same path from the root, by which it is found from any folder.
+/// Returns the path of the same file from the root, by which it is found from any folder.
 [[nodiscard]] std::string PathFromRoot(const std::string& path);
 
 }  // namespace tess

@@ -101,6 +101,8 @@ SettingFault FindTile(Setting* setting) {
     if (const std::string error = CheckIndex(path, index); !error.empty())
         return TileFault(ShownText(index) + " " + error);
     setting->Key = PathFromRoot(path);
+    if (setting->Key.size() >= kMatrixFileBytes)
+        return TileFault(ShownText(setting->Key) + " is too long a path");
     setting->Value = index;
     return {};
 }

@@ -93,6 +93,35 @@ TEST_F(GroupNames, UsersOwnGoesBeforeTheProvidedOne) {
     EXPECT_NE(Run("tiles vorbelx1 0").output.find("Tessellomatics 1/"), std::string::npos);
 }
 
+TEST_F(GroupNames, PathThatGoesBackBehindALinkIsThatOfTheFile) {
+    std::filesystem::create_directories(folder_.File("real/sub"));
+    std::filesystem::copy(folder_.File("here.mtx"), folder_.File("real/tiles.mtx"));
+    std::filesystem::create_directory_symlink("real/sub", folder_.File("link"));
+    ExpectRefusal(Run("sample mural --tile link/../here.mtx:3 -o made.png"), 2, "link/../here.mtx");
+    const ProgramRun run = Run("sample mural --tile link/../tiles.mtx:3 -o made.png");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.errors, "");
+    EXPECT_EQ(Run("tiles here.mtx 3 -o tile.png").status, 0);
+    EXPECT_EQ(folder_.Bytes("made.png"), folder_.Bytes("tile.png"));
+    EXPECT_EQ(Run("material --set tile-group=link/../tiles.mtx").status, 0);
+}
+
+TEST_F(GroupNames, LinkToAGroupKeepsItsName) {
+    std::filesystem::create_directory(folder_.File("real"));
+    std::filesystem::create_symlink("../here.mtx", folder_.File("real/mine.mtx"));
+    EXPECT_NE(Run("material --set tile-group=./real/mine").output.find("/real/mine.mtx\n"),
+              std::string::npos);
+}
+
+TEST_F(GroupNames, PathThatATileDoesNotHoldIsRefused) {
+    const std::string folder(200, 'a'), name(100, 'b');
+    std::filesystem::create_directory(folder_.File(folder));
+    const std::string path = folder + "/" + name + ".mtx";
+    std::filesystem::copy(folder_.File("here.mtx"), folder_.File(path));
+    ExpectRefusal(Run("sample mural --tile " + path + ":3 -o made.png"), 2, "' is too long a path");
+    ExpectRefusal(Run("material --set tile-group=" + path), 2, "' is too long a path");
+}
+
 TEST_F(GroupNames, SpellingOfTheCaseGoesBeforeOthers) {
     folder_.Write(std::string(kUserGroups) + "/MINE.mtx", "other");
     EXPECT_EQ(Run("tiles Mine").status, 0);
