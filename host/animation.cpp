@@ -34,6 +34,10 @@ const char* Describe(FileResult result) {
                    ".webp or .png)";
         case FileResult::ForeignFolder:
             return "is a folder that holds other files; it is left as it is";
+        case FileResult::FolderInUse:
+            return "is the folder that the program runs in; it is left as it is";
+        case FileResult::NotAFolder:
+            return "is there and is no folder";
     }
     return "cannot be written";
 }

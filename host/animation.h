@@ -46,6 +46,8 @@ enum class FileResult {
     TooLarge,        ///< a side is longer than the format can say
     TrueColorInGif,  ///< 24-bit frames, of which a GIF holds none
     ForeignFolder,   ///< the folder to be replaced holds files that are not frames
+    FolderInUse,     ///< the program runs in the folder to be replaced
+    NotAFolder,      ///< in the folder's place is a file, or a link that leads nowhere
 };
 
 /// What went wrong, as the end of a sentence that begins with the path.

@@ -40,13 +40,42 @@ bool IsFrameName(const std::string& name) {
     return true;
 }
 
-bool MayBeReplaced(const fs::path& folder) {
+bool HoldsFramesAlone(const fs::path& folder) {
     std::error_code error;
     for (const fs::directory_entry& entry : fs::directory_iterator(folder, error)) {
         const std::string name = entry.path().filename().string();
         if (name != kDescriptionName && !IsFrameName(name)) return false;
     }
     return !error;
+}
+
+// What stands in the way at `place`, Written for nothing.
+FileResult FaultAt(const fs::path& place) {
+    std::error_code error;
+    if (!fs::exists(fs::symlink_status(place, error))) return FileResult::Written;
+    if (!fs::is_directory(place, error)) return FileResult::NotAFolder;
+    if (!HoldsFramesAlone(place)) return FileResult::ForeignFolder;
+    // It would be gone, and whoever is in it with the program in no folder any more.
+    const bool is_own = fs::equivalent(place, fs::current_path(error), error);
+    return is_own ? FileResult::FolderInUse : FileResult::Written;
+}
+
+// Whether a file can be made in `folder`, "" for the one that the program is in.
+bool TakesFiles(const fs::path& folder) {
+    const platform::NewFile probe((folder / ".tessellomatics").string(),
+                                  platform::FileMode::Binary);
+    return static_cast<bool>(probe);
+}
+
+// The nearest of the folders above `path` at which something is.
+fs::path WhatIsThereAbove(const fs::path& path) {
+    std::error_code error;
+    fs::path folder = path.parent_path();
+    while (!folder.empty() && folder != folder.parent_path() &&
+           !fs::exists(fs::symlink_status(folder, error))) {
+        folder = folder.parent_path();
+    }
+    return folder;
 }
 
 // A folder of its own beside `place`, removed with all that is in it at the end of
@@ -166,28 +195,33 @@ FileResult PutInPlace(const fs::path& filled, const fs::path& place) {
     return FileResult::CannotWrite;
 }
 
-// Where the folder is written: behind a link, with the folders above it made.
+// Where the folder is written: behind a link, and by a name that others can be made of.
 fs::path PlaceOf(std::string_view path) {
-    fs::path place(path);
-    if (!place.has_filename()) place = place.parent_path();  // "frames/" is "frames"
     std::error_code error;
-    if (fs::is_symlink(place, error)) {
-        fs::path target = fs::canonical(place, error);
-        if (!error) place = std::move(target);
-    }
-    // What cannot be made is told of as the folder that cannot be created in it.
-    if (place.has_parent_path()) fs::create_directories(place.parent_path(), error);
+    fs::path place = fs::weakly_canonical(path, error);
+    if (error) place = path;
+    if (!place.has_filename()) place = place.parent_path();  // "frames/" is "frames"
     return place;
 }
 
 }  // namespace
 
+FileResult TryFrameFolder(std::string_view path) {
+    const fs::path place = PlaceOf(path);
+    if (const FileResult fault = FaultAt(place); fault != FileResult::Written) return fault;
+    if (!TakesFiles(WhatIsThereAbove(place))) return FileResult::CannotCreate;
+    // An older folder is moved, which takes the same right as a file in it.
+    std::error_code error;
+    return !fs::exists(place, error) || TakesFiles(place) ? FileResult::Written
+                                                          : FileResult::CannotWrite;
+}
+
 FileResult WriteFrameFolder(const Animation& animation, std::string_view path) {
     const fs::path place = PlaceOf(path);
+    if (const FileResult fault = FaultAt(place); fault != FileResult::Written) return fault;
+    // What cannot be made is told of as the folder that cannot be created in it.
     std::error_code error;
-    if (fs::exists(place, error) && (!fs::is_directory(place, error) || !MayBeReplaced(place))) {
-        return FileResult::ForeignFolder;
-    }
+    if (place.has_parent_path()) fs::create_directories(place.parent_path(), error);
     const TemporaryFolder folder(place);
     if (!folder) return FileResult::CannotCreate;
     const FileResult result = FillFolder(animation, folder.Path());

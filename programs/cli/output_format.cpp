@@ -75,16 +75,6 @@ int TryFile(const std::string& path) {
     return kFailed;
 }
 
-// The nearest folder above `path` that is there, "" for the one that the program is in.
-fs::path FolderThatIsThere(const fs::path& path) {
-    std::error_code error;
-    fs::path folder = path.parent_path();
-    while (!folder.empty() && folder != folder.parent_path() && !fs::exists(folder, error)) {
-        folder = folder.parent_path();
-    }
-    return folder;
-}
-
 // What standard output holds back is not written yet, and can still fail.
 FileResult Flushed(FileResult result) {
     if (result != FileResult::Written) return result;
@@ -160,14 +150,7 @@ int CheckOutput(const std::string& path) {
 
 int CheckFolder(const std::string& path) {
     if (IsStandardOutput(path)) return Refuse("standard output cannot be a folder; name one");
-    const std::string name = path.ends_with('/') ? path.substr(0, path.size() - 1) : path;
-    if (IsFolder(path)) return kDone;
-    std::error_code error;
-    if (fs::exists(name, error)) return Fail(name, "is there and is no folder");
-    // The folders above it are made with it; it is enough that the first of them can be.
-    const platform::NewFile probe((FolderThatIsThere(name) / "probe").string(),
-                                  platform::FileMode::Binary);
-    return probe ? kDone : Tell(name, FileResult::CannotCreate);
+    return Tell(path, TryFrameFolder(path));
 }
 
 int CheckPictureOutput(const std::string& path) {

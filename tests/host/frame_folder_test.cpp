@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <utility>
 
 #include "host/bmp_file.h"
 #include "tests/host/sample_animations.h"
@@ -84,6 +85,42 @@ TEST_F(FrameFolderTest, FolderWithOtherFilesIsLeftAsItIs) {
     EXPECT_EQ(WriteFrameFolder(animation_, place_), FileResult::ForeignFolder);
     EXPECT_EQ(TextOf(place_ + "/letter.txt"), "keep me");
     EXPECT_EQ(std::distance(fs::directory_iterator(scratch_.Path()), {}), 1);
+}
+
+TEST_F(FrameFolderTest, TryFindsWhatWritingWouldFail) {
+    EXPECT_EQ(TryFrameFolder(place_), FileResult::Written);
+    EXPECT_EQ(TryFrameFolder(scratch_.File("none/none/frames/")), FileResult::Written);
+    EXPECT_TRUE(fs::is_empty(scratch_.Path()));
+    ASSERT_EQ(WriteFrameFolder(animation_, place_), FileResult::Written);
+    EXPECT_EQ(TryFrameFolder(place_), FileResult::Written);
+    std::ofstream(place_ + "/letter.txt") << "keep me";
+    const std::string file = place_ + "/letter.txt";
+    for (const auto& [path, result] : {std::pair{place_, FileResult::ForeignFolder},
+                                       {file, FileResult::NotAFolder},
+                                       {file + "/frames", FileResult::CannotCreate}}) {
+        EXPECT_EQ(TryFrameFolder(path), result) << path;
+        EXPECT_EQ(WriteFrameFolder(animation_, path), result) << path;
+    }
+}
+
+TEST_F(FrameFolderTest, DotBehindTheNameMeansTheSameFolder) {
+    const std::string path = scratch_.File("none/frames/.");
+    ASSERT_EQ(TryFrameFolder(path), FileResult::Written);
+    ASSERT_EQ(WriteFrameFolder(animation_, path), FileResult::Written);
+    EXPECT_TRUE(fs::exists(scratch_.File("none/frames/animation.json")));
+    EXPECT_EQ(std::distance(fs::directory_iterator(scratch_.File("none")), {}), 1);
+}
+
+TEST_F(FrameFolderTest, FolderThatTheProgramIsInIsNotReplaced) {
+    const fs::path before = fs::current_path();
+    fs::create_directory(place_);
+    fs::current_path(place_);
+    for (const std::string& path : {std::string("."), place_}) {
+        EXPECT_EQ(TryFrameFolder(path), FileResult::FolderInUse);
+        EXPECT_EQ(WriteFrameFolder(animation_, path), FileResult::FolderInUse);
+    }
+    fs::current_path(before);
+    EXPECT_TRUE(fs::is_empty(place_));
 }
 
 TEST_F(FrameFolderTest, FolderThatCannotBeMadeIsTold) {

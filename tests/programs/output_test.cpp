@@ -116,6 +116,28 @@ TEST_F(Output, FoldersAreMadeWithThoseAboveThem) {
     EXPECT_EQ(folder_.Names(), "a c");
 }
 
+TEST_F(Output, FolderThatCannotBeTakenIsToldBeforeTheWork) {
+    fs::create_directory(folder_.File("full"));
+    folder_.Write("full/letter.txt", "keep me");
+    fs::create_symlink("nowhere", folder_.File("link"));
+    // Of the two the first is told, and the seed only in the work.
+    const std::string wrong = " --set seed=1";
+    ExpectRefusal(Build("-o full" + wrong), 1, "full: is a folder that holds other files");
+    ExpectRefusal(Build("-o ." + wrong), 1, ".: is a folder that holds other files");
+    ExpectRefusal(Build("-o link" + wrong), 1, "link: is there and is no folder");
+    ExpectRefusal(Build("-o link/frames" + wrong), 1, "link/frames: cannot be created");
+    ExpectRefusal(Build("-o full/letter.txt/" + wrong), 1,
+                  "full/letter.txt/: is there and is no folder");
+    EXPECT_EQ(folder_.Names(), "full link");
+}
+
+TEST_F(Output, FolderIsTriedByANameOfItsOwn) {
+    fs::create_directory(folder_.File("there"));
+    fs::create_symlink("nowhere/nowhere", folder_.File("there/probe"));
+    EXPECT_EQ(Build("-o there/new/").status, 0);
+    EXPECT_TRUE(fs::exists(folder_.File("there/new/animation.json")));
+}
+
 TEST_F(Output, NothingIsMadeForABuildThatIsRefused) {
     EXPECT_EQ(Build("-o a/b/ --set seed=1").status, 2);
     EXPECT_EQ(folder_.Names(), "");
