@@ -184,12 +184,16 @@ FileResult PutInPlace(const fs::path& filled, const fs::path& place) {
     }
     TemporaryFolder aside(place);
     if (!aside) return FileResult::CannotWrite;
-    fs::permissions(filled, fs::status(place, error).permissions(), error);
+    const fs::perms permissions = fs::status(place, error).permissions();
     const fs::path old = aside.Path() / "old";
     fs::rename(place, old, error);
     if (error) return FileResult::CannotWrite;
     fs::rename(filled, place, error);
-    if (!error) return FileResult::Written;
+    if (!error) {
+        // Not before: what may not be written to could not be removed either.
+        fs::permissions(place, permissions, error);
+        return FileResult::Written;
+    }
     fs::rename(old, place, error);
     if (error) aside.Keep();  // the older folder is there and nowhere else
     return FileResult::CannotWrite;
