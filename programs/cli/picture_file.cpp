@@ -4,6 +4,7 @@
 #include "programs/cli/picture_file.h"
 
 #include <cctype>
+#include <cerrno>
 #include <climits>
 #include <cstdio>
 #include <cstring>
@@ -33,10 +34,18 @@ using Stream = std::unique_ptr<std::FILE, CloseStream>;
 // Returns an empty array, and what is wrong, when the file cannot be read.
 Bytes ReadWhole(const std::string& path, std::string* error) {
     const Stream stream(platform::OpenFile(path, "rb"));
-    *error = UnreadableText(path);
-    if (!stream || std::fseek(stream.get(), 0, SEEK_END) != 0) return {};
+    if (!stream || std::fseek(stream.get(), 0, SEEK_END) != 0) {
+        // To try a pipe once more would take from it, or wait for it.
+        const bool is_pipe = stream && errno == ESPIPE;
+        *error =
+            is_pipe ? "cannot be read: it is a pipe, and a file is needed" : UnreadableText(path);
+        return {};
+    }
     const long size = std::ftell(stream.get());
-    if (size < 0 || size == LONG_MAX || std::fseek(stream.get(), 0, SEEK_SET) != 0) return {};
+    if (size < 0 || size == LONG_MAX || std::fseek(stream.get(), 0, SEEK_SET) != 0) {
+        *error = UnreadableText(path);
+        return {};
+    }
     if (size == 0) {
         *error = "is empty";
         return {};
@@ -46,7 +55,10 @@ Bytes ReadWhole(const std::string& path, std::string* error) {
         *error = "cannot be read: memory is short";
         return {};
     }
-    if (std::fread(bytes.data(), 1, bytes.size(), stream.get()) != bytes.size()) return {};
+    if (std::fread(bytes.data(), 1, bytes.size(), stream.get()) != bytes.size()) {
+        *error = UnreadableText(path);
+        return {};
+    }
     error->clear();
     return bytes;
 }

@@ -117,5 +117,14 @@ TEST_F(PictureFileTest, DamagedHeadsAreRefused) {
     }
 }
 
+TEST_F(PictureFileTest, PipeIsToldAndNotTakenFrom) {
+    folder_.Write("a.ppm", "P3 1 1 255  255 0 0");
+    const test::ProgramRun run =
+        folder_.Run("encode /dev/stdin -o a.gif; cat >rest; }", "cat a.ppm | {");
+    EXPECT_EQ(run.errors,
+              "tessellomatics: /dev/stdin: cannot be read: it is a pipe, and a file is needed\n");
+    EXPECT_EQ(folder_.Text("rest"), folder_.Text("a.ppm"));
+}
+
 }  // namespace
 }  // namespace tess
