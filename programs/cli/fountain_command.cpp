@@ -37,8 +37,12 @@ int ReadLibrary(const Request& request, FountainLibraryEntries* entries) {
     const std::string path = LibraryOf(request);
     switch (ReadFountainLibrary(path, entries)) {
         case LibraryState::Whole:
-        case LibraryState::Missing:  // one without entries is removed, too
             return kDone;
+        case LibraryState::Missing:
+            // The user's is removed with its last entry, and --add makes any. Another that is
+            // named and is not there is mistyped.
+            if (IsUsersLibrary(request) || !request.AddedItems.empty()) return kDone;
+            return Fail(ReadFault(path));
         case LibraryState::Unreadable:
             return Fail(ReadFault(path));
         case LibraryState::Damaged:

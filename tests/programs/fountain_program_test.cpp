@@ -64,6 +64,12 @@ TEST_F(FountainProgram, LibraryThatCannotBeReadIsToldWithTheReason) {
                   "no/a.fll: cannot be created: No such file or directory");
 }
 
+TEST_F(FountainProgram, LibraryThatIsNamedHasToBeThere) {
+    for (const char* words : {"", "--json", "0", "0 --remove"})
+        ExpectRefusal(Library(words), 1, "a.fll: cannot be read: No such file or directory");
+    EXPECT_EQ(Library("'#000000,#FFFFFF'").status, 0);
+}
+
 TEST_F(FountainProgram, SeveralAreAddedAtOnceOrNone) {
     EXPECT_EQ(Library(std::string("--add ") + kTwo + " --add '#102030,#FFFFFF'").output, "0\n1\n");
     EXPECT_EQ(Library("").output, "  0  #000000,25:#FF0000,#FFFFFF\n  1  #102030,#FFFFFF\n");
