@@ -164,6 +164,8 @@ int CheckPictureOutput(const std::string& path) {
 }
 
 int CheckDocumentOutput(const std::string& path) {
+    if (IsStandardOutput(path))
+        return Refuse("a document cannot go to standard output; name a .qv1 file");
     if (EndingOf(path) != ".qv1") {
         return Refuse(path + ": unknown ending; it takes .qv1");
     }

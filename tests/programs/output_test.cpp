@@ -56,7 +56,7 @@ TEST_F(Output, DashTakesEncodedPicturesToo) {
 TEST_F(Output, FoldersAndDocumentsAreNoStandardOutput) {
     ExpectRefusal(folder_.Run("gallery -o -"), 2, "standard output cannot be a folder");
     ExpectRefusal(Build("-o a.gif --frames -"), 2, "standard output cannot be a folder");
-    ExpectRefusal(folder_.Run("document -o -"), 2, ".qv1");
+    ExpectRefusal(folder_.Run("document -o -"), 2, "a document cannot go to standard output");
     EXPECT_EQ(folder_.Names(), "");
 }
 
