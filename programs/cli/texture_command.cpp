@@ -69,20 +69,28 @@ void ListAsTable(TextureGroupReader& reader) {
     }
 }
 
+// How what the user has written means an item, the surer the larger.
+enum class Match { None, Index, Words, Name };
+
+Match MatchOf(const NamedTexture& texture, const std::string& wanted) {
+    if (texture.name == wanted) return Match::Name;
+    // A name of other letters has no plain form.
+    const std::string plain = PlainName(wanted);
+    if (!plain.empty() && PlainName(texture.name) == plain) return Match::Words;
+    return ParseNumber(wanted) == texture.index ? Match::Index : Match::None;
+}
+
 // Finds an item by its name, or by its index in the group.
 bool FindItem(TextureGroupReader& reader, const std::string& wanted, NamedTexture* found) {
-    const auto number = ParseNumber(wanted);
-    bool is_found = false;
+    Match best = Match::None;
     NamedTexture texture{0, {}, {}};
     for (; reader.Next(&texture.name, &texture.item); ++texture.index) {
-        const bool is_named = PlainName(texture.name) == PlainName(wanted);
-        if (is_named || (!is_found && number && *number == texture.index)) {
-            *found = texture;
-            is_found = true;
-        }
-        if (is_named) return true;
+        const Match match = MatchOf(texture, wanted);
+        if (match <= best) continue;
+        best = match;
+        *found = texture;
     }
-    return is_found;
+    return best != Match::None;
 }
 
 void TellAsJson(const NamedTexture& texture, const PackedDib* image, const SeamFigures& seams) {

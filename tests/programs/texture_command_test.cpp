@@ -19,10 +19,15 @@ protected:
     ProgramRun Run(const std::string& words) {
         return folder_.Run(words, "XDG_DATA_HOME=$PWD/data");
     }
-    // A group of the user's, of one item, under a path of the folder.
+    // A group of the user's, of one item or several, under a path of the folder.
     void WriteGroup(const std::string& path, const std::string& name) const {
-        folder_.Write(path, std::string(kTextureGroupBanner) + "\n:BEGINITEM\nTextureName=" + name +
-                                "\nTextureType=5\n:ENDITEM\n");
+        WriteGroup(path, std::vector{name});
+    }
+    void WriteGroup(const std::string& path, const std::vector<std::string>& names) const {
+        std::string text = std::string(kTextureGroupBanner) + "\n";
+        for (const std::string& name : names)
+            text += ":BEGINITEM\nTextureName=" + name + "\nTextureType=5\n:ENDITEM\n";
+        folder_.Write(path, text);
     }
 };
 
@@ -97,6 +102,17 @@ TEST_F(TextureCommand, ColumnsStandBelowEachOtherForEveryName) {
     WriteGroup("own.fft", "Grün");
     EXPECT_NE(Run("texture own.fft").output.find("    0  Grün                         Pert"),
               std::string::npos);
+}
+
+TEST_F(TextureCommand, NamesOfOtherLettersAreDifferent) {
+    WriteGroup("own.fft", {"日本", "東京", "日本 1", "東京 1", "Foam", "FOAM"});
+    for (const char* name : {"日本", "東京", "東京 1", "Foam", "FOAM"}) {
+        const std::string output = Run(std::string("texture own.fft '") + name + "'").output;
+        EXPECT_EQ(output.substr(0, output.find(':')), name);
+    }
+    EXPECT_TRUE(Run("texture own.fft 5").output.starts_with("FOAM:"));
+    EXPECT_TRUE(Run("texture own.fft foam").output.starts_with("Foam:"));
+    ExpectRefusal(Run("texture own.fft '!!!'"), 2, "there is no texture '!!!'");
 }
 
 TEST_F(TextureCommand, RefusesAKindThatIsNone) {
