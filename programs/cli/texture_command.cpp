@@ -116,6 +116,9 @@ void Tell(const NamedTexture& texture, const PackedDib* image, const SeamFigures
 }
 
 int RunItem(const Request& request, TextureGroupReader& reader) {
+    if (!request.Output.empty()) {
+        if (const int status = CheckPictureOutput(request.Output); status != kDone) return status;
+    }
     NamedTexture texture{0, {}, {}};
     if (!FindItem(reader, request.Operands[1], &texture)) {
         TellUser("there is no texture " + ShownText(request.Operands[1]) +
@@ -132,9 +135,6 @@ int RunItem(const Request& request, TextureGroupReader& reader) {
                  (FindTextureKind(texture.item.TextureType) != nullptr ? "memory is short"
                                                                        : "unknown kind"));
         return kFailed;
-    }
-    if (!request.Output.empty()) {
-        if (const int status = CheckPictureOutput(request.Output); status != kDone) return status;
     }
     if (request.Json || request.Output.empty()) {
         SeamMeter meter(image->Width, image->Height);

@@ -90,10 +90,10 @@ TEST_F(TextureCommand, RefusesWhatIsNotThere) {
         ExpectRefusal(Run(std::string("texture vorbelx1 moon --size ") + size), 2, size);
 }
 
-TEST_F(TextureCommand, OutputIsTriedOnlyOnceThereIsAPicture) {
+TEST_F(TextureCommand, OutputIsTriedBeforeTheWork) {
     folder_.Write("odd.fft", std::string(kTextureGroupBanner) +
                                  "\n:BEGINITEM\nTextureName=Odd\nTextureType=9\n:ENDITEM\n");
-    ExpectRefusal(Run("texture odd.fft odd -o no/a.png"), 1, "unknown kind");
+    ExpectRefusal(Run("texture odd.fft odd -o a.gif"), 2, "a.gif: unknown ending");
     ExpectRefusal(Run("texture vorbelx1 moon -o no/a.png"), 1,
                   "no/a.png: cannot be created: No such file or directory");
 }
