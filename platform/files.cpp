@@ -11,8 +11,6 @@ namespace platform {
 namespace {
 
 constexpr std::size_t kLongestPath = 260;  // bytes
-constexpr char kMaker[] = "Quorvenstadtholme";
-constexpr char kPlugin[] = "Tessellomatics 1";
 
 std::string user_folder;    // in place of the folder for application data
 std::string plugin_folder;  // in place of PluginFile's
@@ -28,7 +26,7 @@ void Join(std::string* path, std::string_view name) {
 
 std::string MakerFolder() {
     std::string folder = user_folder.empty() ? ApplicationDataFolder() : user_folder;
-    if (!folder.empty()) Join(&folder, kMaker);
+    if (!folder.empty()) Join(&folder, kMakerFolder);
     return folder;
 }
 
@@ -66,7 +64,7 @@ const char* PluginFile(const char* name) {
     std::string folder = plugin_folder;
     if (folder.empty()) {
         folder = MakerFolder();
-        if (!folder.empty()) Join(&folder, kPlugin);
+        if (!folder.empty()) Join(&folder, kPluginFolder);
     }
     return SharedPath(std::move(folder), name);
 }

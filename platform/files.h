@@ -12,13 +12,16 @@
 
 namespace platform {
 
-/// The path of `name` in the maker's per-user folder, which is the folder for
-/// application data, then "Quorvenstadtholme"; cut at 260 bytes. Natively that
-/// folder is $XDG_DATA_HOME, else ~/.local/share. Empty when it cannot be found.
-/// Returns a shared buffer that the next call of either function overwrites. The
-/// folders are not created.
+/// The names of the two per-user folders, the second inside the first.
+inline constexpr char kMakerFolder[] = "Quorvenstadtholme";
+inline constexpr char kPluginFolder[] = "Tessellomatics 1";
+
+/// The path of `name` in the maker's per-user folder, which is in the folder for
+/// application data; cut at 260 bytes. Natively that folder is $XDG_DATA_HOME, else
+/// ~/.local/share. Empty when it cannot be found. Returns a shared buffer that the
+/// next call of either function overwrites. The folders are not created.
 [[nodiscard]] const char* UserFile(const char* name);
-/// The same in the folder "Tessellomatics 1" inside it.
+/// The same in the plug-in's folder inside it.
 [[nodiscard]] const char* PluginFile(const char* name);
 /// Puts another folder in place of the one for application data ("" ends that).
 void SetUserFolder(std::string_view folder);

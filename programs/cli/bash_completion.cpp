@@ -124,7 +124,7 @@ std::string Clause(const CommandRow& command) {
 }  // namespace
 
 std::string BashCompletion() {
-    std::string script = Filled(kBegin, {kGroupFolder, StyleClauses()});
+    std::string script = Filled(kBegin, {GroupFolder(), StyleClauses()});
     for (const CommandRow& command : Commands())
         script += Clause(command);
     return script + Filled(

@@ -3,7 +3,9 @@
 #include <iterator>
 #include <string_view>
 
+#include "platform/files.h"
 #include "programs/cli/completions.h"
+#include "programs/cli/group_files.h"
 #include "programs/cli/material_values.h"
 #include "programs/cli/settings.h"
 #include "programs/cli/style_names.h"
@@ -11,8 +13,6 @@
 
 namespace tess {
 namespace {
-
-constexpr char kProvidedGroup[] = "vorbelx1";
 
 /// What `takes` has in single quotes.
 std::vector<std::string> QuotedWords(std::string_view takes) {
@@ -58,6 +58,10 @@ std::vector<std::string> FountainKeys() {
 
 }  // namespace
 
+std::string GroupFolder() {
+    return std::string(platform::kMakerFolder) + "/" + platform::kPluginFolder;
+}
+
 std::vector<std::string> GeneralKeys() {
     std::vector<std::string> keys;
     for (const int id : {kDelayEdit, kDitherBox, kSupercompressBox, kMaskBackgroundBox,
@@ -96,8 +100,9 @@ Completed OperandsOf(const CommandRow& command) {
     if (operands.find("STYLE") != std::string_view::npos)
         return {CompletedWith::Words, StyleNames()};
     if (operands.find("GROUP") != std::string_view::npos) {
-        return {
-            CompletedWith::Groups, {kProvidedGroup}, command.Bit == kTilesBit ? ".mtx" : ".fft"};
+        return {CompletedWith::Groups,
+                {kProvidedGroup},
+                command.Bit == kTilesBit ? kTileGroupExtension : kTextureGroupExtension};
     }
     return {operands.empty() ? CompletedWith::Nothing : CompletedWith::Files, {}};
 }

@@ -41,6 +41,6 @@ struct Completed {
 [[nodiscard]] std::vector<std::string> KeysOfStyle(int style);
 
 /// Where the user's groups are, below the folder for the user's data.
-inline constexpr char kGroupFolder[] = "Quorvenstadtholme/Tessellomatics 1";
+[[nodiscard]] std::string GroupFolder();
 
 }  // namespace tess

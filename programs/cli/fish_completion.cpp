@@ -106,7 +106,7 @@ std::string StyleCases() {
 }  // namespace
 
 std::string FishCompletion() {
-    std::string script = Filled(kBegin, {Escaped(kGroupFolder, " "), StyleCases()});
+    std::string script = Filled(kBegin, {Escaped(GroupFolder(), " "), StyleCases()});
     for (const CommandRow& command : Commands()) {
         script +=
             Filled("complete -c tessellomatics -n __tessellomatics_needs_command -a @1 -d @2\n",

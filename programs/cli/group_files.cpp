@@ -14,8 +14,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr char kUserGroups[] = "Tessellomatics 1/x";
-
 bool IsFile(const std::string& path) {
     std::error_code error;
     return fs::exists(path, error) && !fs::is_directory(path, error);
@@ -47,7 +45,8 @@ bool EndsIn(std::string_view name, std::string_view extension) {
 }
 
 std::string UserGroupFolder() {
-    return std::string(platform::FolderOf(platform::UserFile(kUserGroups)));
+    const std::string folder = platform::UserFile(platform::kPluginFolder);
+    return folder.empty() ? "" : folder + "/";
 }
 
 std::string FindGroupFile(const std::string& name, std::string_view extension) {

@@ -9,6 +9,9 @@ namespace tess {
 inline constexpr char kTextureGroupExtension[] = ".fft";
 inline constexpr char kTileGroupExtension[] = ".mtx";
 
+/// The name of the groups that come with the program, one of textures and one of tiles.
+inline constexpr char kProvidedGroup[] = "vorbelx1";
+
 /// Whether a name ends in `extension`, in whatever case, with something before it.
 [[nodiscard]] bool EndsIn(std::string_view name, std::string_view extension);
 

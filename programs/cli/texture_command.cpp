@@ -17,8 +17,6 @@
 namespace tess {
 namespace {
 
-constexpr char kProvidedGroup[] = "vorbelx1";
-
 // An item of a group and its place in it.
 struct NamedTexture {
     int index;

@@ -105,7 +105,7 @@ std::string Clause(const CommandRow& command) {
 }  // namespace
 
 std::string ZshCompletion() {
-    std::string script = Filled(kBegin, {Escaped(kGroupFolder, " "), StyleClauses()});
+    std::string script = Filled(kBegin, {Escaped(GroupFolder(), " "), StyleClauses()});
     for (const CommandRow& command : Commands()) {
         script += "        " +
                   ShellQuoted(std::string(command.Name) + ":" + Escaped(command.ShortHelp, ":\\")) +

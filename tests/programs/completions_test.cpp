@@ -63,7 +63,7 @@ TEST(Completions, EveryKeyIsOne) {
 
 TEST(Completions, GroupsAreLookedForWhereTheProgramKeepsThem) {
     platform::SetUserFolder("DATA");
-    EXPECT_EQ(platform::PluginFile(""), std::string("DATA/") + kGroupFolder + "/");
+    EXPECT_EQ(platform::PluginFile(""), "DATA/" + GroupFolder() + "/");
     platform::SetUserFolder("");
     EXPECT_STREQ(OperandsOf(*FindCommand("tiles")).Extension, ".mtx");
     EXPECT_STREQ(OperandsOf(*FindCommand("texture")).Extension, ".fft");
