@@ -23,21 +23,8 @@ bool ReadStyle(const Request& request, int* style) {
     if (request.Operands.empty()) return true;
     *style = FindStyle(request.Operands.front());
     if (*style >= 0) return true;
-    TellUser("unknown style '" + request.Operands.front() +
-             "'; 'tessellomatics styles' lists the styles");
+    TellUser(UnknownStyleText(request.Operands.front()));
     return false;
-}
-
-int NeedOutput() {
-    TellUser("an output is needed: -o FILE");
-    return kWrongUse;
-}
-
-int CheckOutputs(const Request& request) {
-    if (request.Output.empty() && request.FramesFolder.empty()) return NeedOutput();
-    const int status = request.Output.empty() ? kDone : CheckOutput(request.Output);
-    if (status != kDone || request.FramesFolder.empty()) return status;
-    return CheckFolder(request.FramesFolder);
 }
 
 // Makes the folder that the preview is written to. Returns false after telling the
@@ -82,7 +69,6 @@ int RunBuild(const Request& request) {
 int RunSample(const Request& request) {
     int style;
     if (!ReadStyle(request, &style)) return kWrongUse;
-    if (request.Output.empty()) return NeedOutput();
     if (const int status = CheckPictureOutput(request.Output); status != kDone) return status;
     Session session;
     const int status = RunSession(request, Wish::Sample, style, &session);

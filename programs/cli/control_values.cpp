@@ -4,6 +4,7 @@
 #include <cctype>
 #include <cstdint>
 
+#include "controls/direction_picker.h"
 #include "controls/hexadecimal.h"
 #include "controls/spinner.h"
 #include "fills/fountain_control.h"
@@ -111,9 +112,23 @@ LineValue NumberBetween(std::string_view text, std::int64_t least, std::int64_t 
 }
 
 int PickerCells(std::string_view tag) {
-    if (tag == kShadowDirectionTag) return 8;
-    if (tag == kScroll4Tag) return 4;
-    return tag == kScroll2Tag || tag == kScrollHvTag ? 2 : 0;
+    const PickerLayout* layout = FindPickerLayout(tag);
+    return layout != nullptr ? static_cast<int>(layout->Cells.size()) : 0;
+}
+
+int PickerCells(ParameterKind kind) {
+    switch (kind) {
+        case ParameterKind::ShadowDirection:
+            return PickerCells(kShadowDirectionTag);
+        case ParameterKind::Scroll4:
+            return PickerCells(kScroll4Tag);
+        case ParameterKind::Scroll2:
+            return PickerCells(kScroll2Tag);
+        case ParameterKind::ScrollHv:
+            return PickerCells(kScrollHvTag);
+        default:
+            return 0;
+    }
 }
 
 LineValue ValueForControl(platform::WindowHandle dialog, int id, std::string_view text) {

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "platform/dialog.h"
+#include "shell/style_table.h"
 
 namespace tess {
 
@@ -24,5 +25,7 @@ struct LineValue {
 
 /// How many directions a picker with this tag has, 0 for another control.
 [[nodiscard]] int PickerCells(std::string_view tag);
+/// The same for a parameter of this kind.
+[[nodiscard]] int PickerCells(ParameterKind kind);
 
 }  // namespace tess

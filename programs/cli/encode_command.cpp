@@ -65,18 +65,12 @@ void SetUp(const Request& request, BuildRun& run) {
 }
 
 int CheckRequest(const Request& request) {
-    if (request.Output.empty() && request.FramesFolder.empty()) {
-        TellUser("an output is needed: -o FILE");
-        return kWrongUse;
-    }
     if (request.Palette >= 0 && request.Supercompress) {
         // Unchanged pixels need a slot of their own, which a fixed palette has not.
         TellUser("--supercompress does not go with --palette");
         return kWrongUse;
     }
-    const int status = request.Output.empty() ? kDone : CheckOutput(request.Output);
-    if (status != kDone || request.FramesFolder.empty()) return status;
-    return CheckFolder(request.FramesFolder);
+    return CheckOutputs(request);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "host/json_writer.h"
 #include "platform/resources.h"
 #include "programs/cli/commands.h"
+#include "programs/cli/control_values.h"
 #include "programs/cli/session.h"
 #include "programs/cli/style_names.h"
 #include "programs/cli/values.h"
@@ -68,20 +69,6 @@ std::string StartChoice(const StyleParameter& parameter) {
         if (index++ == parameter.Start) text = choice;
     });
     return text;
-}
-
-int PickerCells(ParameterKind kind) {
-    switch (kind) {
-        case ParameterKind::ShadowDirection:
-            return 8;
-        case ParameterKind::Scroll4:
-            return 4;
-        case ParameterKind::Scroll2:
-        case ParameterKind::ScrollHv:
-            return 2;
-        default:
-            return 0;
-    }
 }
 
 void WriteRange(JsonWriter& json, std::int64_t minimum, std::int64_t maximum) {
@@ -224,8 +211,7 @@ int RunStyles(const Request& request) {
 int RunParams(const Request& request) {
     const int index = FindStyle(request.Operands.front());
     if (index < 0) {
-        TellUser("unknown style '" + request.Operands.front() +
-                 "'; 'tessellomatics styles' lists the styles");
+        TellUser(UnknownStyleText(request.Operands.front()));
         return kWrongUse;
     }
     if (request.Json) {

@@ -108,6 +108,31 @@ bool LosesDelays(const Animation& animation) {
     return false;
 }
 
+int CheckFolder(const std::string& path) {
+    if (IsStandardOutput(path)) return Refuse("standard output cannot be a folder; name one");
+    return Tell(path, TryFrameFolder(path));
+}
+
+int CheckOutput(const std::string& path) {
+    if (IsStandardOutput(path)) return CheckStandardOutput();
+    switch (FormatOf(path)) {
+        case OutputFormat::Unknown:
+            return Refuse(
+                path +
+                (EndingOf(path).empty() ? ": is there, and has no ending" : ": unknown ending") +
+                "; it takes .gif, .webp, .png, / for a folder of frames, or - for a GIF "
+                "on standard output");
+        case OutputFormat::Folder:
+            return CheckFolder(path);
+        default:
+            return TryFile(path);
+    }
+}
+
+int NeedOutput() {
+    return Refuse("an output is needed: -o FILE");
+}
+
 }  // namespace
 
 void TellLostDelay(const Request& request, const std::string& path) {
@@ -132,28 +157,15 @@ OutputFormat FormatOf(const std::string& path) {
     return OutputFormat::Unknown;
 }
 
-int CheckOutput(const std::string& path) {
-    if (IsStandardOutput(path)) return CheckStandardOutput();
-    switch (FormatOf(path)) {
-        case OutputFormat::Unknown:
-            return Refuse(
-                path +
-                (EndingOf(path).empty() ? ": is there, and has no ending" : ": unknown ending") +
-                "; it takes .gif, .webp, .png, / for a folder of frames, or - for a GIF "
-                "on standard output");
-        case OutputFormat::Folder:
-            return CheckFolder(path);
-        default:
-            return TryFile(path);
-    }
-}
-
-int CheckFolder(const std::string& path) {
-    if (IsStandardOutput(path)) return Refuse("standard output cannot be a folder; name one");
-    return Tell(path, TryFrameFolder(path));
+int CheckOutputs(const Request& request) {
+    if (request.Output.empty() && request.FramesFolder.empty()) return NeedOutput();
+    const int status = request.Output.empty() ? kDone : CheckOutput(request.Output);
+    if (status != kDone || request.FramesFolder.empty()) return status;
+    return CheckFolder(request.FramesFolder);
 }
 
 int CheckPictureOutput(const std::string& path) {
+    if (path.empty()) return NeedOutput();
     if (IsStandardOutput(path)) return CheckStandardOutput();
     const std::string ending = EndingOf(path);
     if (ending != ".png" && ending != ".bmp") {

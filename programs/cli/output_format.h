@@ -14,12 +14,12 @@ enum class OutputFormat { Unknown, Gif, WebP, Png, Folder };
 /// folder is a folder of frames; "-" is a GIF on standard output.
 [[nodiscard]] OutputFormat FormatOf(const std::string& path);
 
-/// Whether an animation can be written to `path`, found out before the work is
-/// done. Returns kDone, or another exit status after telling the user.
-[[nodiscard]] int CheckOutput(const std::string& path);
-/// The same for a folder of frames.
-[[nodiscard]] int CheckFolder(const std::string& path);
-/// The same for a single picture, .png or .bmp, or "-" for a PNG on standard output.
+/// Whether an animation can be written to the request's output and folder of frames, found
+/// out before the work is done; one of them must be named. Returns kDone, or another exit
+/// status after telling the user.
+[[nodiscard]] int CheckOutputs(const Request& request);
+/// The same for a single picture, .png or .bmp, or "-" for a PNG on standard output; "" is an
+/// output that is not named.
 [[nodiscard]] int CheckPictureOutput(const std::string& path);
 /// The same for a document, .qv1.
 [[nodiscard]] int CheckDocumentOutput(const std::string& path);

@@ -84,11 +84,6 @@ int ControlOfKey(std::string_view key) {
     return place.Parameter->Kind == ParameterKind::Matrix ? 0 : place.Parameter->ControlId;
 }
 
-const StyleEntry& SelectedStyle(platform::WindowHandle dialog) {
-    const int style = platform::Selection(dialog, kEffectList);
-    return *StyleTable[std::clamp(style, 0, kStyleCount - 1)];
-}
-
 // The control that `key` means, or 0.
 int FindControl(platform::WindowHandle dialog, std::string_view key) {
     if (IsNumberText(key)) {
@@ -269,6 +264,11 @@ SettingFault ApplyConfiguration(platform::WindowHandle dialog, const std::string
 }
 
 }  // namespace
+
+const StyleEntry& SelectedStyle(platform::WindowHandle dialog) {
+    const int style = platform::Selection(dialog, kEffectList);
+    return *StyleTable[std::clamp(style, 0, kStyleCount - 1)];
+}
 
 int FindSettingControl(platform::WindowHandle dialog, const Setting& setting) {
     const int id = FindControl(dialog, setting.Key);

@@ -8,6 +8,7 @@
 
 #include "platform/dialog.h"
 #include "programs/cli/request.h"
+#include "shell/style_table.h"
 
 namespace tess {
 
@@ -20,6 +21,9 @@ struct SettingFault {
 /// Applies one setting. A document that is refused has told the dialog's user why; the
 /// fault's text is then its path alone. Requires: `dialog` is the open main dialog.
 [[nodiscard]] SettingFault ApplySetting(platform::WindowHandle dialog, const Setting& setting);
+
+/// The style that the dialog shows.
+[[nodiscard]] const StyleEntry& SelectedStyle(platform::WindowHandle dialog);
 
 /// The control that a --set means, 0 for none.
 [[nodiscard]] int FindSettingControl(platform::WindowHandle dialog, const Setting& setting);

@@ -38,6 +38,10 @@ int FindStyle(std::string_view text) {
     return -1;
 }
 
+std::string UnknownStyleText(const std::string& text) {
+    return "unknown style '" + text + "'; 'tessellomatics styles' lists the styles";
+}
+
 std::string StyleName(const StyleEntry& style) {
     return DashedName(style.Name);
 }

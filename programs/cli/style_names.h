@@ -11,6 +11,9 @@ namespace tess {
 /// The index of the style called `text`, by name or index, or -1.
 [[nodiscard]] int FindStyle(std::string_view text);
 
+/// What is said of a name that FindStyle finds nothing for.
+[[nodiscard]] std::string UnknownStyleText(const std::string& text);
+
 /// "phasers-on-stun".
 [[nodiscard]] std::string StyleName(const StyleEntry& style);
 

@@ -1,6 +1,5 @@
 #include "programs/cli/tile_settings.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <optional>
@@ -146,8 +145,7 @@ void ShowMissingTiles(platform::WindowHandle dialog, const std::string& path) {
 }
 
 std::string MissingTileText(platform::WindowHandle dialog) {
-    const int style = std::clamp(platform::Selection(dialog, kEffectList), 0, kStyleCount - 1);
-    for (const StyleParameter& parameter : StyleTable[style]->Parameters) {
+    for (const StyleParameter& parameter : SelectedStyle(dialog).Parameters) {
         if (parameter.Kind != ParameterKind::Matrix) continue;
         const LockedMatrixTile tile =
             LockMatrixTile(platform::Control(dialog, parameter.ControlId));
