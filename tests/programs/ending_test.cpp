@@ -1,124 +1,133 @@
-// Runs of the program that a signal ends: they leave nothing behind that is not whole.
-#include <csignal>
-#include <cstdint>
+// Runs of the program that a signal ends: they leave nothing behind that is not whole. What
+// becomes of each kind of file is the matter of tests/host/portable/ended_writing_test.cpp.
+#include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
+#include <poll.h>
+#include <sys/stat.h>
 #include <thread>
-#include <unistd.h>
 
 #include "tests/programs/program_run.h"
+#include "tests/support/ended_process.h"
 
 namespace tess {
 namespace {
 
 namespace fs = std::filesystem;
 using test::ProgramFolder;
+using test::StatusOf;
 
 class Ending : public ::testing::Test {
 protected:
-    // Pictures that are long in writing, since nothing in them repeats.
-    void SetUp() override {
-        constexpr int kSide = 800;
-        std::string ppm = "P6 " + std::to_string(kSide) + " " + std::to_string(kSide) + " 255\n";
-        std::uint32_t state = 1;
-        for (int i = 0; i < 3 * kSide * kSide; ++i) {
-            state = state * 1664525 + 1013904223;
-            ppm += static_cast<char>(state >> 24);
-        }
-        folder_.Write("a.ppm", ppm);
-        for (int i = 0; i < 24; ++i)
-            pictures_ += "../a.ppm ";
-        fs::create_directory(folder_.File("out"));
+    Ending() { fs::create_directory(folder_.File("data")); }
+
+    // Starts a program with arguments of one word each.
+    [[nodiscard]] pid_t Start(const std::string& program, const std::string& first,
+                              const std::string& second, bool ignores_hangup = false) const {
+        return test::StartProcess([&] {
+            if (ignores_hangup) std::signal(SIGHUP, SIG_IGN);
+            setenv("XDG_DATA_HOME", folder_.File("data").c_str(), 1);
+            const int output = open(folder_.File("output").c_str(), O_WRONLY | O_CREAT, 0600);
+            dup2(output, STDOUT_FILENO);
+            execl(program.c_str(), program.c_str(), first.c_str(), second.c_str(), nullptr);
+            _exit(127);
+        });
     }
 
-    // Starts the program in the folder `out`; `before` are commands of the shell before it.
-    [[nodiscard]] pid_t Start(const std::string& words, const std::string& before = "") const {
-        const std::string command = "cd '" + folder_.File("out") +
-                                    "' && export XDG_DATA_HOME=" + "/nonexistent && " + before +
-                                    "exec '" PROGRAM_PATH "' " + words;
-        const pid_t process = fork();
-        if (process != 0) return process;
-        execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
-        _exit(127);
-    }
-
-    // Whether a name in `out` or a folder in it ends so.
-    [[nodiscard]] bool HasName(const std::string& ending) const {
+    // Whether a name in `folder` or a folder in it ends so.
+    [[nodiscard]] bool HasName(const std::string& folder, const std::string& ending) const {
         std::error_code error;
-        fs::recursive_directory_iterator entry(folder_.File("out"), error);
+        fs::recursive_directory_iterator entry(folder_.File(folder), error);
         for (; !error && entry != fs::recursive_directory_iterator(); entry.increment(error)) {
             if (entry->path().string().ends_with(ending)) return true;
         }
         return false;
     }
 
-    // Sends the signal as soon as a file that ends so is there. Returns the status that the
-    // program ends with, as waitpid has it.
-    [[nodiscard]] int EndWhenThere(pid_t process, const std::string& ending, int signal) const {
-        int status = 0;
-        while (!HasName(ending)) {
-            if (waitpid(process, &status, WNOHANG) == process) return status;
-            std::this_thread::yield();
-        }
-        kill(process, signal);
-        waitpid(process, &status, 0);
-        return status;
-    }
-
-    // The first temporary file of a run only tries whether one can be made.
-    void ExpectNothingLeft(const std::string& words, int signal,
-                           const std::string& ending = "-2.new") const {
-        const pid_t process = Start("encode --palette 5 " + pictures_ + words);
-        const int status = EndWhenThere(process, ending, signal);
-        EXPECT_TRUE(WIFSIGNALED(status)) << words << ": exit status " << WEXITSTATUS(status);
-        EXPECT_EQ(WTERMSIG(status), signal) << words;
-        EXPECT_TRUE(fs::is_empty(folder_.File("out"))) << words;
-    }
-
     ProgramFolder folder_;
-    std::string pictures_;
 };
 
-TEST_F(Ending, InterruptLeavesNothingOfAnyFormat) {
-    for (const char* words : {"-o a.gif", "-o a.png", "-o a.webp"})
-        ExpectNothingLeft(words, SIGINT);
-    ExpectNothingLeft("-o frames/", SIGINT, "frames.part0/frame_00001.bmp");
+// A program of its own folder, with a group that comes with it and is a pipe of the test's:
+// copying that to the user's folder lasts until the test lets it end.
+class EndingInACopy : public Ending {
+protected:
+    EndingInACopy() {
+        fs::create_directories(folder_.File("bin/groups"));
+        fs::copy_file(PROGRAM_PATH, folder_.File("bin/program"));
+        const std::string group = folder_.File("bin/groups/a.mtx");
+        EXPECT_EQ(mkfifo(group.c_str(), 0600), 0);
+        group_ = open(group.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
+        EXPECT_GE(group_, 0);
+    }
+    ~EndingInACopy() override { EndGroup(); }
+
+    void EndGroup() {
+        if (group_ >= 0) close(group_);
+        group_ = -1;
+    }
+
+    // Starts the program, and returns when it is in the middle of copying the group: it has
+    // taken something out of the pipe that was full.
+    [[nodiscard]] pid_t StartCopying(bool ignores_hangup = false) {
+        const std::string bytes(4096, '\0');
+        while (write(group_, bytes.data(), bytes.size()) > 0) {
+        }
+        int alive[2];
+        EXPECT_EQ(pipe(alive), 0);
+        fcntl(alive[0], F_SETFD, FD_CLOEXEC);
+        const pid_t process =
+            Start(folder_.File("bin/program"), "config", "--save", ignores_hangup);
+        close(alive[1]);
+        // The end of the program is told, too, or the test would wait for it in vain.
+        pollfd told[] = {{group_, POLLOUT, 0}, {alive[0], 0, 0}};
+        EXPECT_GT(poll(told, 2, -1), 0);
+        close(alive[0]);
+        EXPECT_EQ(told[1].revents, 0) << "the program has ended";
+        EXPECT_TRUE(HasName("data", ".new"));
+        return process;
+    }
+
+private:
+    int group_ = -1;
+};
+
+TEST_F(EndingInACopy, LeavesNothingBegun) {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        const pid_t process = StartCopying();
+        kill(process, signal);
+        const int status = StatusOf(process);
+        ASSERT_TRUE(WIFSIGNALED(status)) << status;
+        EXPECT_EQ(WTERMSIG(status), signal);
+        EXPECT_FALSE(HasName("data", ".new")) << signal;
+        EXPECT_FALSE(HasName("data", ".mtx")) << signal;
+    }
 }
 
-TEST_F(Ending, TerminationLeavesNothingOfAnyFormat) {
-    for (const char* words : {"-o a.gif", "-o a.png", "-o a.webp"})
-        ExpectNothingLeft(words, SIGTERM);
-    ExpectNothingLeft("-o frames/", SIGTERM, "frames.part0/frame_00001.bmp");
+TEST_F(EndingInACopy, SignalThatIsIgnoredStaysSo) {
+    const pid_t process = StartCopying(true);
+    kill(process, SIGHUP);
+    EndGroup();
+    EXPECT_EQ(StatusOf(process), 0);
+    EXPECT_FALSE(HasName("data", ".new"));
+    EXPECT_TRUE(HasName("data", ".mtx"));
 }
 
-TEST_F(Ending, LostTerminalLeavesNothing) {
-    ExpectNothingLeft("-o a.gif", SIGHUP);
-}
-
-TEST_F(Ending, OlderFileStays) {
-    folder_.Write("out/a.gif", "older");
-    const pid_t process = Start("encode --palette 5 -o a.gif " + pictures_);
-    EXPECT_TRUE(WIFSIGNALED(EndWhenThere(process, "-2.new", SIGINT)));
-    EXPECT_EQ(folder_.Text("out/a.gif"), "older");
-    EXPECT_FALSE(HasName(".new"));
-}
-
+// Nothing holds the builds up, so it may have ended before the signal comes; then it has left
+// nothing either.
 TEST_F(Ending, GalleryEndsWithAllThatBuildForIt) {
-    const pid_t process = Start("gallery -o .");
-    const int status = EndWhenThere(process, ".gif", SIGTERM);
-    EXPECT_TRUE(WIFSIGNALED(status));
+    fs::create_directory(folder_.File("out"));
+    const pid_t process = Start(PROGRAM_PATH, "gallery", "-o" + folder_.File("out"));
+    int status = -1;
+    pid_t ended = 0;
+    while (!HasName("out", ".gif") && (ended = waitpid(process, &status, WNOHANG)) == 0)
+        std::this_thread::yield();
+    if (ended == 0) {
+        kill(process, SIGTERM);
+        status = StatusOf(process);
+    }
+    EXPECT_TRUE(status == 0 || (WIFSIGNALED(status) && WTERMSIG(status) == SIGTERM)) << status;
     // The program has waited for those that it has started.
-    EXPECT_FALSE(HasName(".new"));
-    EXPECT_FALSE(HasName("index.html"));
-}
-
-TEST_F(Ending, SignalThatIsIgnoredStaysSo) {
-    const pid_t process = Start("encode --palette 5 -o a.gif " + pictures_, "trap '' HUP; ");
-    const int status = EndWhenThere(process, "-2.new", SIGHUP);
-    EXPECT_TRUE(WIFEXITED(status));
-    EXPECT_EQ(WEXITSTATUS(status), 0);
-    EXPECT_TRUE(HasName("a.gif"));
+    EXPECT_FALSE(HasName("out", ".new"));
 }
 
 }  // namespace
