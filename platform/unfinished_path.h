@@ -14,10 +14,8 @@ public:
     explicit UnfinishedPath(std::string_view path);
     UnfinishedPath(const UnfinishedPath&) = delete;
     UnfinishedPath& operator=(const UnfinishedPath&) = delete;
-    ~UnfinishedPath() { Forget(); }
-
     /// It is finished, or gone.
-    void Forget();
+    ~UnfinishedPath();
 
 private:
     int place_ = -1;

@@ -120,9 +120,8 @@ UnfinishedPath::UnfinishedPath(std::string_view path) {
     }
 }
 
-void UnfinishedPath::Forget() {
+UnfinishedPath::~UnfinishedPath() {
     if (place_ >= 0) places[place_].use.store(Use::Free, std::memory_order_release);
-    place_ = -1;
 }
 
 EndingHeld::EndingHeld() {

@@ -3,10 +3,7 @@
 namespace platform {
 
 UnfinishedPath::UnfinishedPath(std::string_view) {}
-
-void UnfinishedPath::Forget() {
-    place_ = -1;
-}
+UnfinishedPath::~UnfinishedPath() = default;
 
 EndingHeld::EndingHeld() = default;
 EndingHeld::~EndingHeld() = default;
