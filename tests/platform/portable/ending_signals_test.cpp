@@ -108,31 +108,29 @@ TEST_F(EndingSignals, OneWaitsForStepsThatBelongTogether) {
 }
 
 TEST_F(EndingSignals, HelpersEndWithTheProgramThatWaitsForThem) {
-    int ready[2], alive[2];
-    ASSERT_EQ(pipe(ready), 0);
-    ASSERT_EQ(pipe(alive), 0);
+    int ready[2], alive[2], kept[2];
+    for (int* ends : {ready, alive, kept})
+        ASSERT_EQ(pipe(ends), 0);
+    char byte;
     const pid_t process = StartProcess([&] {
+        close(kept[1]);
         platform::RemoveUnfinishedOnSignals();
         if (platform::ForkHelper() == 0) {
             const platform::NewFile file(path_, platform::FileMode::Binary);
             if (!file || write(ready[1], "y", 1) != 1) _exit(1);
-            for (;;)
-                pause();
+            _exit(static_cast<int>(read(kept[0], &byte, 1)));  // lasts as long as the test does
         }
-        // The helper alone holds this end, so that its end can be seen.
         close(alive[1]);
-        char byte;
         if (read(ready[0], &byte, 1) != 1) _exit(1);
         raise(SIGTERM);
     });
     close(alive[1]);
     ExpectEndedBy(StatusOf(process), SIGTERM);
     EXPECT_TRUE(IsEmpty());
-    // Nothing is left to wait for by now.
-    char byte;
+    // The helper alone held the other end.
     fcntl(alive[0], F_SETFL, O_NONBLOCK);
-    EXPECT_EQ(read(alive[0], &byte, 1), 0);
-    for (const int end : {ready[0], ready[1], alive[0]})
+    EXPECT_EQ(read(alive[0], &byte, 1), 0) << "a helper is left";
+    for (const int end : {ready[0], ready[1], alive[0], kept[0], kept[1]})
         close(end);
 }
 
