@@ -38,7 +38,8 @@ std::vector<std::string> MaterialKeys() {
     std::vector<std::string> keys;
     for (const MaterialValue& row : MaterialValues())
         keys.emplace_back(row.Name);
-    keys.emplace_back("tile-group");
+    for (const char* key : {kTileGroupKey, kFountainKey})
+        keys.emplace_back(key);
     return keys;
 }
 

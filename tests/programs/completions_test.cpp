@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <sstream>
 
 #include "platform/files.h"
 #include "programs/cli/style_names.h"
@@ -59,6 +60,14 @@ TEST(Completions, EveryKeyIsOne) {
         const std::string errors = folder.Run("config --set " + key + "=x").errors;
         EXPECT_EQ(errors.find("unknown key"), std::string::npos) << errors;
     }
+}
+
+TEST(Completions, KeysOfAMaterialAreThoseThatItShows) {
+    std::istringstream shown(test::ProgramFolder().Run("material").output);
+    std::vector<std::string> keys;
+    for (std::string line; std::getline(shown, line);)
+        keys.push_back(line.substr(0, line.find(' ')));
+    EXPECT_EQ(ValuesIn("material", "set").Words, keys);
 }
 
 TEST(Completions, GroupsAreLookedForWhereTheProgramKeepsThem) {
