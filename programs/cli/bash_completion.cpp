@@ -68,7 +68,7 @@ _tessellomatics() {
     fi
     for ((i = 0; i < last; ++i)); do
         if [[ -n $command ]]; then
-            style_keys=$(_tessellomatics_style_keys "${line[i]}") && break
+            style_keys=$(_tessellomatics_style_keys "${line[i],,}") && break
         elif [[ ${line[i]} != -* ]]; then
             command=${line[i]}
         fi

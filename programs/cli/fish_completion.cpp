@@ -28,7 +28,7 @@ end
 
 function __tessellomatics_style_keys
     for word in (commandline -opc)[3..]
-        switch $word
+        switch (string lower -- $word)
 @2        end
     end
 end

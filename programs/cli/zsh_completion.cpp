@@ -28,7 +28,7 @@ _tessellomatics_keys() {
 _tessellomatics_settings() {
     local word keys
     for word in ${words[2,CURRENT-1]}; do
-        keys=$(_tessellomatics_style_keys "$word") && break
+        keys=$(_tessellomatics_style_keys "${(L)word}") && break
     done
     _tessellomatics_keys values ${=keys} "$@"
 }

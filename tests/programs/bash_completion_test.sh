@@ -46,6 +46,7 @@ expect 'tessellomatics build fountain --su'
 expect 'tessellomatics fountain --li' --library
 # Keys: those of the style on the line, and those of all.
 expect 'tessellomatics build bubbles --set se' seed=
+expect 'tessellomatics build Bubbles --set se' seed=
 expect 'tessellomatics build --set se'
 expect 'tessellomatics build bubbles --set = dela' delay=
 expect 'tessellomatics build bubbles --set seed = 7'

@@ -1,7 +1,7 @@
 #!/bin/bash
 # fish_completion_test SCRIPT: completes command lines with the script, in fish.
 set -u
-script=$1
+script=$(realpath "$1")
 command -v fish >/dev/null || { echo "skipped: fish is not installed"; exit 77; }
 failed=0
 
@@ -38,6 +38,7 @@ expect 'tessellomatics build fountain --li'
 expect 'tessellomatics fountain --li' --library
 # Keys: those of the style on the line, and those of all.
 expect 'tessellomatics build bubbles --set se' seed=
+expect 'tessellomatics build Bubbles --set se' seed=
 expect 'tessellomatics build --set seed'
 expect 'tessellomatics build bubbles --set dela' delay=
 expect 'tessellomatics material --set mo' mode=

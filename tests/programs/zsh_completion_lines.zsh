@@ -82,6 +82,7 @@ expect 'tessellomatics -q preview --no' --no-open
 expect 'tessellomatics build fountain --li'
 expect 'tessellomatics fountain --li' --library
 expect 'tessellomatics build bubbles --set se' seed
+expect 'tessellomatics build Bubbles --set se' seed
 expect 'tessellomatics build --set se'
 expect 'tessellomatics build bubbles --set=dela' delay
 expect 'tessellomatics build bubbles --set seed=1 --se' --set
