@@ -50,7 +50,9 @@ GifPlayer::GifPlayer(const std::string& path) {
     if (file_ == nullptr) {
         problem_ = ProblemOf(error, errno);
     } else if (DGifSlurp(file_) == GIF_ERROR) {
-        problem_ = kDamaged;
+        // Where the pixels of a picture find no memory the library names no error.
+        const bool is_short = file_->Error == D_GIF_ERR_NOT_ENOUGH_MEM || errno == ENOMEM;
+        problem_ = is_short ? kShortOfMemory : kDamaged;
     } else if (file_->ImageCount < 1 || file_->SWidth < 1 || file_->SHeight < 1) {
         problem_ = "holds no picture";
     }

@@ -1,11 +1,14 @@
 #include "host/gif_player.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <vector>
 
 #include "platform/files.h"
+#include "tests/support/ended_process.h"
 #include "tests/support/scratch_folder.h"
 
 namespace tess {
@@ -32,6 +35,8 @@ protected:
 
     test::ScratchFolder folder_;
 };
+
+constexpr std::ptrdiff_t kScreenBytes = 25;
 
 /// A screen of 2 x 1 with the colours black, red, blue, green.
 Bytes Screen() {
@@ -126,6 +131,27 @@ TEST_F(GifPlayerTest, CutOffGifIsDamagedOrHoldsLess) {
             Write(Bytes(gif.begin(), gif.begin() + static_cast<std::ptrdiff_t>(length))));
         EXPECT_FALSE(player) << length;
     }
+}
+
+TEST_F(GifPlayerTest, PictureThatNeedsTooMuchMemoryIsNotCalledDamaged) {
+#ifdef SANITIZED
+    GTEST_SKIP() << "the sanitizer's own memory counts, too";
+#endif
+    Bytes gif = Screen();
+    AddPixel(gif, 0, 1, 1, -1, 7);
+    // 40000 x 40000
+    const auto image = std::find(gif.begin() + kScreenBytes, gif.end(), 0x2C);
+    const Bytes size = {0x40, 0x9C, 0x40, 0x9C};
+    std::copy(size.begin(), size.end(), image + 5);
+    gif.push_back(0x3B);
+    const std::string path = Write(gif);
+    const int status = test::StatusOf(test::StartProcess([&] {
+        constexpr rlim_t kMost = rlim_t{1} << 30;
+        const rlimit limit{kMost, kMost};
+        if (setrlimit(RLIMIT_AS, &limit) != 0) _exit(2);
+        if (GifPlayer(path).Problem() != "needs more memory than there is") _exit(1);
+    }));
+    EXPECT_EQ(status, 0);
 }
 
 TEST_F(GifPlayerTest, GifWithoutAPictureIsRefused) {
