@@ -26,15 +26,16 @@ void AddFigures(const platform::WorkArray<std::uint64_t>& steps, double crossed,
                 JoinFigures* figures) {
     const std::size_t inside = steps.size() - 1;
     const std::size_t beside = inside > 2 ? 1 : 0;
+    const std::size_t counted = inside - 2 * beside;
     std::uint64_t sum = 0, most = 0;
-    for (std::size_t i = 0; i < inside; ++i) {
+    for (std::size_t i = beside; i < beside + counted; ++i) {
         sum += steps[i];
-        if (i >= beside && i + beside < inside) most = std::max(most, steps[i]);
+        most = std::max(most, steps[i]);
     }
     figures->Join += static_cast<double>(steps[inside]) / crossed;
     figures->InsideMost += static_cast<double>(most) / crossed;
-    if (inside > 0)
-        figures->InsideMean += static_cast<double>(sum) / crossed / static_cast<double>(inside);
+    if (counted > 0)
+        figures->InsideMean += static_cast<double>(sum) / crossed / static_cast<double>(counted);
 }
 
 JoinFigures Mean(const JoinFigures& sums, int frames) {

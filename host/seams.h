@@ -19,10 +19,12 @@
 
 namespace tess {
 
+/// The steps beside the join of columns or rows are none of the inside's, where there are
+/// others: a border of the picture's own may be what they cross.
 struct JoinFigures {
     double Join;        ///< height of the step at the join
     double InsideMean;  ///< of the steps inside; 0 when there is none
-    double InsideMost;  ///< of the highest step inside that does not touch the join
+    double InsideMost;  ///< of the highest step inside
 };
 
 /// True where the join is half as rough again as the roughest step inside, and more

@@ -27,9 +27,9 @@ SeamFigures Measure(int width, int height, std::initializer_list<Frame> frames) 
 }
 
 TEST(Seams, ColumnsAreSteppedFromLeftToRightAndJoinedAround) {
-    const JoinFigures columns = Measure(4, 1, {Grey({0, 10, 40, 45})}).Columns;
+    const JoinFigures columns = Measure(5, 1, {Grey({0, 10, 40, 50, 45})}).Columns;
     EXPECT_DOUBLE_EQ(columns.Join, 45);
-    EXPECT_DOUBLE_EQ(columns.InsideMean, 15);  // (10 + 30 + 5) / 3
+    EXPECT_DOUBLE_EQ(columns.InsideMean, 20);  // (30 + 10) / 2
     EXPECT_DOUBLE_EQ(columns.InsideMost, 30);
 }
 
@@ -58,6 +58,7 @@ TEST(Seams, HighestStepInsideIsEachFramesOwn) {
 TEST(Seams, BorderOfThePicturesOwnIsNoStepOfTheInside) {
     const JoinFigures columns = Measure(5, 1, {Grey({0, 100, 101, 100, 100})}).Columns;
     EXPECT_DOUBLE_EQ(columns.InsideMost, 1);
+    EXPECT_DOUBLE_EQ(columns.InsideMean, 1);
     EXPECT_TRUE(HasSeam(columns));
     EXPECT_DOUBLE_EQ(Measure(3, 1, {Grey({0, 100, 100})}).Columns.InsideMost, 100);
 }
