@@ -30,7 +30,7 @@ const char* Describe(FileResult result) {
         case FileResult::TooLarge:
             return "cannot be written: the picture is too large for the format";
         case FileResult::TrueColorInGif:
-            return "cannot be written: a GIF holds no 24-bit frames (turn Truecolour off, or write "
+            return "cannot be written: a GIF holds no 24-bit frames (turn True color off, or write "
                    ".webp or .png)";
         case FileResult::ForeignFolder:
             return "is a folder that holds other files; it is left as it is";

@@ -200,9 +200,8 @@ constexpr CommandRow kCommands[] = {
     {"tiles", kTilesBit, "[GROUP [INDEX]]", 0, 2, "List picture tiles, show one, change a group.",
      "Lists the groups of tiles, or the tiles of a group; with INDEX tells of that tile, with -o "
      "writes it as a picture, with --remove takes it out of a group of your own; --add adds a "
-     "picture "
-     "to one. GROUP is the name of a group of yours or of one that came with the program, or the "
-     "path of a .mtx file: what holds a / or names a file is a path.",
+     "picture to one. GROUP is the name of a group of yours or of one that came with the program, "
+     "or the path of a .mtx file: what holds a / or names a file is a path.",
      RunTiles},
     {"material", kMaterialBit, "[FILE]", 0, 1, "Show, render or write a material (.mtrl).",
      "Takes a material out of FILE, or a plain one, and sets over it what --set says. Without -o "
@@ -213,15 +212,13 @@ constexpr CommandRow kCommands[] = {
      "Lists the textures of a group, or tells whether one of them joins itself, by its kind and as "
      "it is measured; with -o writes its picture. GROUP is a group of yours, the one that came "
      "with the program, 'vorbelx1', which is also the default, or the path of a .fft file. ITEM is "
-     "the "
-     "name of a texture or its index.",
+     "the name of a texture or its index.",
      RunTexture},
     {"check", kCheckBit, "FILE", 1, 1, "Measure how smoothly a GIF joins itself.",
      "Compares the step from the right edge to the left, from the bottom to the top and from the "
-     "last frame to the first with the steps inside, in any GIF. A join that is half as rough "
-     "again as the roughest step inside, and more than one level of 255 rougher, is a seam, and "
-     "then the "
-     "exit status is 1.",
+     "last frame to the first with the steps inside, but for the steps beside the join of edges, "
+     "in any GIF. A join that is half as rough again as the roughest of these, and more than one "
+     "level of 255 rougher, is a seam, and then the exit status is 1.",
      RunCheck},
     {"fountain", kFountainBit, "[FOUNTAIN]", 0, 1, "List, show, add and take out fountains.",
      "Without FOUNTAIN lists the fountains of a library by number and colors. FOUNTAIN is such a "
@@ -236,7 +233,7 @@ constexpr OptionRow kOptions[] = {
     {"output", 'o', "FILE", kBuildBit, "Write the animation to FILE.",
      "The ending decides the format: .gif; .webp, without loss; .png, animated; a name that ends "
      "in / or .bmp, or has no ending, is a folder of .bmp frames as --frames writes it. '-' is "
-     "standard output, and a GIF. A GIF holds no 24-bit frames, so Truecolour starts as off for "
+     "standard output, and a GIF. A GIF holds no 24-bit frames, so true-color starts as off for "
      "one. An existing file is replaced once the new one is whole.",
      ApplyOutput, "the path of a file"},
     {"output", 'o', "FILE", kEncodeBit, "Write the animation to FILE.",
@@ -250,8 +247,7 @@ constexpr OptionRow kOptions[] = {
      ApplyOutput, "the path of a file"},
     {"output", 'o', "FILE", kFountainBit | kMaterialBit, "Write a picture or a .mtrl to FILE.",
      "The ending decides: .png or .bmp is a picture, .mtrl a control's file. '-' is standard "
-     "output, "
-     "and a PNG. An existing file is replaced once the new one is whole.",
+     "output, and a PNG. An existing file is replaced once the new one is whole.",
      ApplyOutput, "the path of a file"},
     {"output", 'o', "FILE", kDocumentBit, "Write the document to FILE, a .qv1.",
      "An existing file is replaced once the new one is whole.", ApplyOutput, "the path of a file"},
@@ -268,17 +264,17 @@ constexpr OptionRow kOptions[] = {
      "'tessellomatics params'), a configuration key ('Style000Seed'), a control id ('112'), or one "
      "of delay, dither, supercompress, mask-background, custom-palette, palette, true-color, "
      "comment, effect, dither-brightness, dither-contrast, fast-remap. VALUE is a number, decimal "
-     "or with 0x; for a colour also #RRGGBB; for a check box also yes or no; for a list the text "
+     "or with 0x; for a color also #RRGGBB; for a check box also yes or no; for a list the text "
      "of a choice, or its index where the texts are words; for a fountain colors as "
-     "'tessellomatics fountain' takes them, or the "
-     "digits of a document; for a tile its index in the group, or for its control id the digits. A "
-     "value out of range is an error. A delay is 1 to 25 hundredths of a second, or 1 to 250 "
-     "milliseconds with --host milliseconds.",
+     "'tessellomatics fountain' takes them, or the digits of a document; for a tile its index in "
+     "the group, or for its control id the digits. A value out of range is an error. A delay is 1 "
+     "to 25 hundredths of a second, or 1 to 250 milliseconds with --host milliseconds.",
      ApplySet, "KEY=VALUE", true},
     {"set", 0, "KEY=VALUE", kMaterialBit, "Set one value; may be given many times.",
      "Values are set in the order given. KEY is one of those that the command shows. VALUE is as "
-     "it is shown, or a number; for a colour #RRGGBB, for tile-group the name of a group or the "
-     "path of a .mtx file.",
+     "it is shown, or a number; for a color #RRGGBB; for tile-group the name of a group or the "
+     "path of a .mtx file; for fountain colors as 'tessellomatics fountain' takes them, or the "
+     "digits of a document.",
      ApplySet, "KEY=VALUE", true},
     {"document", 0, "FILE", kSettingCommands, "Set all that a .qv1 document holds.",
      "Counts in its place among the --set. STYLE, where it is given, goes before the document's.",
@@ -341,8 +337,8 @@ constexpr OptionRow kOptions[] = {
      "Prints the number of each. The library is made where there is none.", ApplyAdd, "a fountain",
      true},
     {"add", 0, "PICTURE", kTilesBit, "Add a picture to the group; may be given many times.",
-     "A picture is a .png, .bmp or .ppm of which one side at least has 512 "
-     "pixels or fewer. The group is made where there is none.",
+     "A picture is a .png, .bmp or .ppm of which one side at least has 512 pixels or fewer. The "
+     "group is made where there is none.",
      ApplyAdd, "the path of a picture", true},
     {"remove", 0, nullptr, kFountainBit, "Take the fountain out of the library.",
      "With -o it is written there first. A library without entries is removed.", ApplyRemove,
@@ -358,7 +354,7 @@ constexpr OptionRow kOptions[] = {
          kMaterialBit,
      "Write JSON, for programs.", "", ApplyJson, nullptr},
     {"quiet", 'q', nullptr, kAllCommands, "Show no progress.",
-     "Nor a notice of what stands for something that is missing.", ApplyQuiet, nullptr},
+     "Nor tell when a default stands in for what is missing.", ApplyQuiet, nullptr},
     {"help", 'h', nullptr, kAllCommands, "Show help and end.", "", ApplyHelp, nullptr},
     {"version", 'V', nullptr, kAllCommands, "Show the version and end.", "", ApplyVersion, nullptr},
 };

@@ -56,6 +56,15 @@ TEST(CommandTable, ShortHelpIsOneSentenceThatFitsALine) {
     }
 }
 
+TEST(CommandTable, TextsSpellColorAsTheDialogDoes) {
+    std::string texts;
+    for (const CommandRow& command : Commands())
+        texts.append(command.ShortHelp).append(command.LongHelp);
+    for (const OptionRow& option : Options())
+        texts.append(option.ShortHelp).append(option.LongHelp);
+    EXPECT_EQ(texts.find("olour"), std::string::npos);
+}
+
 TEST(HelpText, ProgramHelpNamesEveryCommand) {
     const std::string help = ProgramHelp();
     for (const CommandRow& command : Commands()) {
