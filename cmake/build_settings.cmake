@@ -15,9 +15,12 @@ option(TESSELLOMATICS_COVERAGE "Count the lines that run, for tools/coverage" OF
 option(TESSELLOMATICS_BUILD_TOOLS_ALONE "Build the programs that a build runs and no more, as a cross build does beside itself" OFF)
 
 # Off to build as for a processor without it.
-include(CheckIncludeFileCXX)
-check_include_file_cxx(emmintrin.h HAS_EMMINTRIN_H)
-option(TESSELLOMATICS_SSE2 "Sum pixels with SSE2; the bytes are the same without" ${HAS_EMMINTRIN_H})
+# Where a compiler builds for less it may have the header, and refuse what is used of it.
+include(CheckCXXSourceCompiles)
+check_cxx_source_compiles("#include <emmintrin.h>
+  int main() { return _mm_cvtsi128_si32(_mm_add_epi32(_mm_setzero_si128(), _mm_setzero_si128())); }"
+  HAS_SSE2)
+option(TESSELLOMATICS_SSE2 "Sum pixels with SSE2; the bytes are the same without" ${HAS_SSE2})
 
 if(NOT CMAKE_BUILD_TYPE)
   set(CMAKE_BUILD_TYPE Release CACHE STRING "" FORCE)
