@@ -110,7 +110,7 @@ SettingFault SetValues(platform::WindowHandle dialog, UserState& user) {
     if (user.Want != Wish::Work) Warn(user, MissingTileText(dialog));
     if (WritesGif(user) && platform::IsChecked(dialog, kTrueColorBox)) {
         return {kWrongUse,
-                "Truecolour: a GIF holds no 24-bit frames; leave it off, or write .webp or .png"};
+                "true-color: a GIF holds no 24-bit frames; leave it off, or write .webp or .png"};
     }
     platform::SendToWindow(dialog, ShowStyle, 0, 0);
     return {};
